@@ -1,0 +1,16 @@
+# quorvel_layer(NAME FOLDERS folder... LINKS target...)
+# One static library for one layer. What a layer links is private to it, so that an include from
+# above or from a library that is not its own does not compile or link.
+function(quorvel_layer name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "FOLDERS;LINKS;PRECOMPILE")
+    set(sources)
+    foreach(folder IN LISTS ARG_FOLDERS)
+        file(GLOB found CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+        list(APPEND sources ${found})
+    endforeach()
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PRIVATE quorvel_options ${ARG_LINKS})
+    if(ARG_PRECOMPILE)
+        target_precompile_headers(${name} PRIVATE ${ARG_PRECOMPILE})
+    endif()
+endfunction()
