@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/preferences/PreferenceKeys.h"
+#include "app/preferences/SnippetShortcut.h"
+#include "foundation/PreferenceStore.h"
+
+#include <QByteArray>
+#include <QJsonValue>
+#include <QStringList>
+
+namespace quorvel {
+
+/// Typed access to the preference store. Nothing is cached here: every read applies the default
+/// and the bounds of the key, every write clamps before storing. A value of the wrong type reads
+/// like one that is not there.
+class Preferences {
+public:
+    explicit Preferences(PreferenceStore& store);
+
+    bool isOn(const keys::Switch& key) const;
+    void set(const keys::Switch& key, bool on);
+
+    int number(const keys::Number& key) const;
+    void set(const keys::Number& key, int value);
+
+    QString text(const keys::Text& key) const;
+    void set(const keys::Text& key, const QString& value);
+
+    SnippetShortcut hotKey(const keys::HotKey& key) const;
+    void set(const keys::HotKey& key, const SnippetShortcut& shortcut);
+
+    /// A list of base URLs: the stored list, else a single text stored under the same key, else
+    /// the environment variable's value when one is named.
+    QStringList baseUrls(const keys::Record& key, const char* environmentVariable = nullptr) const;
+    void setBaseUrls(const keys::Record& key, const QStringList& urls);
+
+    QJsonValue record(const keys::Record& key) const;
+    void set(const keys::Record& key, const QJsonValue& value);
+    void clear(const keys::Record& key);
+
+    /// How many clips are kept in storage: four times the menu's limit.
+    int historyStorageCount() const;
+
+    static constexpr int recentClipboardStorageMultiplier = 4;
+
+private:
+    QByteArray bytes(const char* name) const;
+
+    PreferenceStore& m_store;
+};
+
+} // namespace quorvel

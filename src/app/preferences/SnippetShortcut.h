@@ -1,0 +1,28 @@
+#pragma once
+
+#include "foundation/Modifiers.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace quorvel {
+
+/// A key with modifiers, as stored for hot keys and snippets.
+struct SnippetShortcut {
+    QString key; ///< One lower-case character.
+    quint32 modifiersRawValue = 0;
+
+    /// Only the four modifier bits that shortcuts may use.
+    Modifiers modifiers() const { return Modifiers::fromInt(modifiersRawValue & modifierMask); }
+
+    QByteArray toJson() const;
+
+    /// Absent when the bytes are not a shortcut at all; a key of the wrong length is kept as it is.
+    static std::optional<SnippetShortcut> fromJson(const QByteArray& bytes);
+
+    bool operator==(const SnippetShortcut&) const = default;
+};
+
+} // namespace quorvel

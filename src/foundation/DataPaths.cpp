@@ -1,0 +1,55 @@
+#include "foundation/DataPaths.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <unistd.h>
+
+namespace quorvel {
+
+namespace {
+
+const QString productFolder = QStringLiteral("QuorvelMenuBar");
+
+bool isTestHost() {
+    return qEnvironmentVariableIsSet("XCTestConfigurationFilePath") ||
+           qEnvironmentVariableIsSet("XCTestBundlePath");
+}
+
+QString dataFolder() {
+    if (isTestHost())
+        return QDir(QDir::tempPath())
+            .filePath(QStringLiteral("QuorvelTests/%1").arg(QCoreApplication::applicationPid()));
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
+        .filePath(productFolder);
+}
+
+/// Qt warns and falls back by itself when the variable is missing; ours stays quiet and per user.
+QString runtimeBase() {
+    const QString fromEnvironment = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!fromEnvironment.isEmpty() && QFileInfo(fromEnvironment).isDir())
+        return QDir(fromEnvironment).filePath(QStringLiteral("quorvel"));
+    return QDir(QDir::tempPath()).filePath(QStringLiteral("quorvel-%1").arg(getuid()));
+}
+
+} // namespace
+
+DataPaths DataPaths::fromEnvironment() {
+    const QDir data(dataFolder());
+    const QDir config(
+        QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+            .filePath(productFolder));
+    const QDir runtime(runtimeBase());
+    return {
+        .historyFile = data.filePath(QStringLiteral("clipboard-history.json")),
+        .journalFile = data.filePath(QStringLiteral("clipboard-history.journal")),
+        .preferencesFile = config.filePath(QStringLiteral("preferences.json")),
+        .runtimeFolder = runtime.path(),
+        .controlSocket = runtime.filePath(QStringLiteral("control")),
+        .instanceLock = runtime.filePath(QStringLiteral("lock")),
+    };
+}
+
+} // namespace quorvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace quorvel {
+
+/// Number of user-perceived characters (grapheme clusters).
+qsizetype characterCount(QStringView text);
+
+/// The text cut to `limit` characters with "…" before its last `tail` characters, so that the end
+/// stays visible; unchanged when it is short enough, "…" alone for a limit below 2. Looks at no
+/// more of a long text than it needs.
+QString shortened(const QString& text, int limit, int tail);
+
+/// One line for display: trimmed, with line breaks, tabs and control characters as blanks.
+/// At most `mostUnits` UTF-16 units from each end of a long text are kept, so the cost is bounded.
+QString singleLine(const QString& text, qsizetype mostUnits = 2000);
+
+} // namespace quorvel
