@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace quorvel {
+
+/// What we ask of the desktop around us.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Opens a file in the program that the user has chosen for its kind; false when none took it.
+    virtual bool openFile(const QString& path) = 0;
+
+    /// A message with one button that does not hold up anything; closed by the user.
+    virtual void showMessage(const QString& title, const QString& message) = 0;
+};
+
+} // namespace quorvel

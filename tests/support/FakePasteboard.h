@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <QMetaObject>
+
+namespace quorvel {
+
+/// A pasteboard in memory, driven by hand. Announces changes unless told otherwise.
+class FakePasteboard final : public Pasteboard {
+public:
+    /// Another program copies: the count moves and `changed` is emitted at once.
+    qint64 copyFromOutside(const QList<ClipboardSnapshotItem>& items) {
+        m_items = items;
+        ++m_changeCount;
+        if (m_announces)
+            emit changed();
+        return m_changeCount;
+    }
+    qint64 copyFromOutside(const QString& text) { return copyFromOutside({textItem(text)}); }
+
+    /// Another program copies something that must not be read: the pasteboard is empty for us.
+    qint64 copySecretFromOutside(const QString& reason) {
+        ++m_activity.skipped[reason];
+        return copyFromOutside(QList<ClipboardSnapshotItem>());
+    }
+
+    /// Another program copies something that does not arrive: what was there before stays.
+    void failFromOutside(const QString& reason) { ++m_activity.failed[reason]; }
+
+    /// Without announcements the count has to be polled.
+    void setAnnouncesChanges(bool announces) { m_announces = announces; }
+
+    int writeCount() const { return m_writeCount; }
+
+    qint64 changeCount() const override { return m_changeCount; }
+    QList<ClipboardSnapshotItem> items() const override { return m_items; }
+
+    QString string() const override {
+        for (const QString& type : {pasteboardTypeString, QStringLiteral("UTF8_STRING"),
+                                    QStringLiteral("text/plain"), QStringLiteral("TEXT")})
+            if (const QByteArray* data = payload(type))
+                return QString::fromUtf8(*data);
+        if (const QByteArray* data = payload(QStringLiteral("STRING")))
+            return QString::fromLatin1(*data);
+        return {};
+    }
+
+    /// The picture of type image/png; what does not begin like one counts as broken.
+    QByteArray imagePng() const override {
+        const QByteArray* data = payload(pasteboardTypePng);
+        return data && data->startsWith("\x89PNG\r\n\x1a\n") ? *data : QByteArray();
+    }
+
+    /// `changed` comes with the next turn of the event loop.
+    qint64 write(const QList<ClipboardSnapshotItem>& items) override {
+        ++m_writeCount;
+        m_items = items;
+        ++m_changeCount;
+        if (m_announces)
+            QMetaObject::invokeMethod(
+                this, [this] { emit changed(); }, Qt::QueuedConnection);
+        return m_changeCount;
+    }
+
+    bool announcesChanges() const override { return m_announces; }
+    PasteboardActivity activity() const override { return m_activity; }
+
+    /// Counters of the status report, for tests to set.
+    PasteboardActivity& activityForTest() { return m_activity; }
+
+private:
+    const QByteArray* payload(const QString& type) const {
+        for (const ClipboardSnapshotItem& item : m_items)
+            for (const PasteboardRepresentation& representation : item.payloadByType)
+                if (representation.type == type)
+                    return &representation.data;
+        return nullptr;
+    }
+
+    QList<ClipboardSnapshotItem> m_items;
+    PasteboardActivity m_activity;
+    qint64 m_changeCount = 0;
+    int m_writeCount = 0;
+    bool m_announces = true;
+};
+
+} // namespace quorvel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <QList>
+#include <QSet>
+
+namespace quorvel {
+
+/// A desktop in memory, driven by hand.
+class FakeWorkspace final : public Workspace {
+public:
+    void setFrontmost(const std::optional<RunningApplication>& application, quint64 element = 0) {
+        m_frontmost = application;
+        m_element = element;
+        if (m_announces)
+            emit focusChanged();
+    }
+    void setAnnouncesChanges(bool announces) { m_announces = announces; }
+
+    /// The window has gone.
+    void end(quint64 window) { m_ended.insert(window); }
+
+    const QList<FocusTarget>& activations() const { return m_activations; }
+
+    std::optional<RunningApplication> frontmostApplication() const override { return m_frontmost; }
+    quint64 focusedElement() const override { return m_element; }
+    bool isRunning(const FocusTarget& target) const override {
+        return !m_ended.contains(target.window);
+    }
+    void activate(const FocusTarget& target) override { m_activations.append(target); }
+    bool announcesChanges() const override { return m_announces; }
+
+private:
+    std::optional<RunningApplication> m_frontmost;
+    quint64 m_element = 0;
+    bool m_announces = true;
+    QSet<quint64> m_ended;
+    QList<FocusTarget> m_activations;
+};
+
+} // namespace quorvel
