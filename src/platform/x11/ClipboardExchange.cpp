@@ -1,0 +1,111 @@
+#include "platform/x11/ClipboardExchange.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+ClipboardExchange::ClipboardExchange(std::function<void()> wakeMain,
+                                     std::function<void()> wakeThread)
+    : m_wakeMain(std::move(wakeMain))
+    , m_wakeThread(std::move(wakeThread)) {}
+
+void ClipboardExchange::post(ClipboardCommand command) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_commands.push_back(std::move(command));
+    }
+    m_wakeThread();
+}
+
+std::shared_ptr<ClipboardHandover> ClipboardExchange::takeHandover() {
+    const std::lock_guard lock(m_mutex);
+    if (m_handovers.empty() || !m_handovers.front()->ready)
+        return nullptr;
+    auto handover = std::move(m_handovers.front());
+    m_handovers.pop_front();
+    return handover;
+}
+
+std::deque<std::shared_ptr<ClipboardHandover>>
+ClipboardExchange::takeHandoversAndPost(ClipboardCommand command) {
+    std::deque<std::shared_ptr<ClipboardHandover>> ready;
+    {
+        const std::lock_guard lock(m_mutex);
+        ready = takeReady();
+        m_commands.push_back(std::move(command));
+    }
+    m_wakeThread();
+    return ready;
+}
+
+std::deque<std::shared_ptr<ClipboardHandover>> ClipboardExchange::takeReady() {
+    std::deque<std::shared_ptr<ClipboardHandover>> ready;
+    while (!m_handovers.empty() && m_handovers.front()->ready) {
+        ready.push_back(std::move(m_handovers.front()));
+        m_handovers.pop_front();
+    }
+    return ready;
+}
+
+PasteboardActivity ClipboardExchange::activity() const {
+    const std::lock_guard lock(m_mutex);
+    return m_activity;
+}
+
+bool ClipboardExchange::isConnectionLost() const {
+    const std::lock_guard lock(m_mutex);
+    return m_connectionLost;
+}
+
+std::deque<ClipboardCommand> ClipboardExchange::takeCommands() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_commands, {});
+}
+
+bool ClipboardExchange::handOver(std::shared_ptr<ClipboardHandover> handover) {
+    {
+        const std::lock_guard lock(m_mutex);
+        const bool overtaken =
+            std::any_of(m_commands.begin(), m_commands.end(), [](const ClipboardCommand& command) {
+                return command.kind == ClipboardCommand::Kind::own ||
+                       command.kind == ClipboardCommand::Kind::clear;
+            });
+        if (overtaken)
+            return false;
+        if (!handover->wasThereAtStart && !handover->item.payloadByType.isEmpty())
+            ++m_activity.taken;
+        m_handovers.push_back(std::move(handover));
+    }
+    m_wakeMain();
+    return true;
+}
+
+void ClipboardExchange::countSkipped(const QString& reason) {
+    const std::lock_guard lock(m_mutex);
+    ++m_activity.skipped[reason];
+}
+
+void ClipboardExchange::countFailed(const QString& reason) {
+    const std::lock_guard lock(m_mutex);
+    ++m_activity.failed[reason];
+}
+
+void ClipboardExchange::connectionLost() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_connectionLost = true;
+    }
+    m_wakeMain();
+}
+
+void ClipboardExchange::markReady(const std::shared_ptr<ClipboardHandover>& handover,
+                                  QByteArray imagePng) {
+    {
+        const std::lock_guard lock(m_mutex);
+        handover->imagePng = std::move(imagePng);
+        handover->ready = true;
+    }
+    m_wakeMain();
+}
+
+} // namespace quorvel

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace quorvel {
+
+/// A finished content of the clipboard on its way from the clipboard thread to the main thread.
+struct ClipboardHandover {
+    ClipboardSnapshotItem item; ///< Without representations: the clipboard was emptied.
+    QString text;
+    QByteArray imagePng;
+    bool wasThereAtStart = false; ///< Content from before our start: no change of the clipboard.
+    bool ready = true;            ///< False while its picture is still being converted.
+};
+
+/// What the main thread asks of the clipboard thread.
+struct ClipboardCommand {
+    enum class Kind { own, clear, offerAsPrimary, stop } kind;
+    ClipboardSnapshotItem content;
+};
+
+/// The one place that both threads touch. Contents are handed over in the order in which they
+/// were copied, none is skipped.
+class ClipboardExchange {
+public:
+    /// `wakeMain` and `wakeThread` are called after something was put in; they must not block.
+    ClipboardExchange(std::function<void()> wakeMain, std::function<void()> wakeThread);
+
+    // Main thread
+    void post(ClipboardCommand command);
+    std::shared_ptr<ClipboardHandover> takeHandover(); ///< Null when none is ready.
+
+    /// Takes what is ready, and in the same moment posts a command, so that no content that was
+    /// copied before can come after it.
+    std::deque<std::shared_ptr<ClipboardHandover>> takeHandoversAndPost(ClipboardCommand command);
+    PasteboardActivity activity() const;
+    bool isConnectionLost() const;
+
+    // Clipboard thread
+    std::deque<ClipboardCommand> takeCommands();
+
+    /// False, and nothing handed over, when a write of our own is waiting already: it is newer.
+    bool handOver(std::shared_ptr<ClipboardHandover> handover);
+    void countSkipped(const QString& reason);
+    void countFailed(const QString& reason);
+    void connectionLost();
+
+    // Any thread
+    void markReady(const std::shared_ptr<ClipboardHandover>& handover, QByteArray imagePng);
+
+private:
+    std::deque<std::shared_ptr<ClipboardHandover>> takeReady();
+
+    const std::function<void()> m_wakeMain;
+    const std::function<void()> m_wakeThread;
+    mutable std::mutex m_mutex;
+    std::deque<ClipboardCommand> m_commands;
+    std::deque<std::shared_ptr<ClipboardHandover>> m_handovers;
+    PasteboardActivity m_activity;
+    bool m_connectionLost = false;
+};
+
+} // namespace quorvel

@@ -1,0 +1,304 @@
+#include "platform/x11/ClipboardThread.h"
+
+#include "platform/desktop/ClipboardImage.h"
+#include "platform/desktop/ClipboardText.h"
+
+#include <poll.h>
+#include <unistd.h>
+#include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <malloc.h>
+
+namespace quorvel {
+
+namespace {
+
+const QString secretReason = QStringLiteral("marked as secret by its owner");
+const QString replacedReason = QStringLiteral("replaced before it could be read");
+const QString ownerGoneReason = QStringLiteral("its owner went away");
+const QString overtakenReason = QStringLiteral("overtaken by our own write");
+
+constexpr qsizetype largeContent = 4 * 1024 * 1024;
+
+template <typename T>
+const T& as(const xcb_generic_event_t& event) {
+    return reinterpret_cast<const T&>(event);
+}
+
+bool isUsable(const ClipboardSnapshotItem& item) { return !item.payloadByType.isEmpty(); }
+
+} // namespace
+
+ClipboardThread::ClipboardThread(ClipboardExchange& exchange, int wakeFd, TransferLimits limits)
+    : m_exchange(exchange)
+    , m_wakeFd(wakeFd)
+    , m_limits(limits) {}
+
+bool ClipboardThread::connect() {
+    int screen = 0;
+    m_connection.reset(xcb_connect(nullptr, &screen));
+    if (xcb_connection_has_error(m_connection.get()))
+        return false;
+    auto roots = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get()));
+    for (; screen > 0 && roots.rem > 1; --screen)
+        xcb_screen_next(&roots);
+    m_root = roots.data->root;
+    return setUp();
+}
+
+bool ClipboardThread::setUp() {
+    const auto* xfixes = xcb_get_extension_data(m_connection.get(), &xcb_xfixes_id);
+    if (!xfixes || !xfixes->present)
+        return false;
+    m_xfixesEvent = xfixes->first_event;
+    const auto cookie = xcb_xfixes_query_version(m_connection.get(), XCB_XFIXES_MAJOR_VERSION,
+                                                 XCB_XFIXES_MINOR_VERSION);
+    const XcbOwned<xcb_xfixes_query_version_reply_t> version(
+        xcb_xfixes_query_version_reply(m_connection.get(), cookie, nullptr));
+    m_atoms = std::make_unique<AtomTable>(m_connection.get());
+    m_clipboard = m_atoms->atom(QStringLiteral("CLIPBOARD"));
+    m_timeProperty = m_atoms->atom(QStringLiteral("QUORVEL_TIME"));
+    createWindow();
+    m_server = std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window,
+                                                 m_clipboard);
+    m_primaryServer = std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window,
+                                                        XCB_ATOM_PRIMARY);
+    fetchContentFromBeforeStart();
+    return true;
+}
+
+void ClipboardThread::createWindow() {
+    m_window = xcb_generate_id(m_connection.get());
+    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(m_connection.get(), 0, m_window, m_root, -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &events);
+    xcb_xfixes_select_selection_input(m_connection.get(), m_window, m_clipboard,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    xcb_flush(m_connection.get());
+}
+
+void ClipboardThread::fetchContentFromBeforeStart() {
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), m_clipboard);
+    const XcbOwned<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    if (reply && reply->owner != XCB_WINDOW_NONE)
+        startTransfer(XCB_CURRENT_TIME, true);
+}
+
+void ClipboardThread::run() {
+    while (!m_stopping) {
+        handleEvents();
+        handleCommands();
+        expireWhatIsDue();
+        handleEvents(); // replies may have brought events along
+        if (xcb_connection_has_error(m_connection.get()))
+            return m_exchange.connectionLost();
+        if (!m_stopping)
+            waitForSomething();
+    }
+}
+
+void ClipboardThread::waitForSomething() {
+    xcb_flush(m_connection.get());
+    std::array<pollfd, 2> sources{{
+        {xcb_get_file_descriptor(m_connection.get()), POLLIN, 0},
+        {m_wakeFd, POLLIN, 0},
+    }};
+    poll(sources.data(), sources.size(), millisecondsToNextDeadline());
+}
+
+int ClipboardThread::millisecondsToNextDeadline() const {
+    std::optional<Clock::time_point> next;
+    const auto consider = [&](std::optional<Clock::time_point> deadline) {
+        if (deadline)
+            next = next ? std::min(*next, *deadline) : *deadline;
+    };
+    consider(m_server->deadline());
+    consider(m_primaryServer->deadline());
+    if (m_transfer)
+        consider(m_transfer->deadline());
+    if (!next)
+        return -1;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
+    return int(std::clamp<qint64>(left.count(), 0, 60000));
+}
+
+void ClipboardThread::expireWhatIsDue() {
+    m_server->expire();
+    m_primaryServer->expire();
+    if (!m_transfer || Clock::now() < m_transfer->deadline())
+        return;
+    m_transfer->expire();
+    completeTransfer();
+}
+
+void ClipboardThread::handleEvents() {
+    while (const XcbOwned<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())})
+        handleEvent(*event);
+}
+
+void ClipboardThread::handleEvent(const xcb_generic_event_t& event) {
+    const int type = event.response_type & 0x7f;
+    if (type == m_xfixesEvent + XCB_XFIXES_SELECTION_NOTIFY)
+        return handleOwnerChange(event);
+    switch (type) {
+    case XCB_SELECTION_NOTIFY:
+        if (m_transfer &&
+            as<xcb_selection_notify_event_t>(event).requestor == m_transfer->requestor())
+            m_transfer->handle(as<xcb_selection_notify_event_t>(event));
+        break;
+    case XCB_SELECTION_REQUEST:
+        handleSelectionRequest(as<xcb_selection_request_event_t>(event));
+        break;
+    case XCB_SELECTION_CLEAR:
+        if (as<xcb_selection_clear_event_t>(event).selection == XCB_ATOM_PRIMARY)
+            m_primaryServer->lost();
+        break;
+    case XCB_PROPERTY_NOTIFY:
+        handlePropertyNotify(as<xcb_property_notify_event_t>(event));
+        break;
+    case XCB_DESTROY_NOTIFY:
+        m_server->forgetRequestor(as<xcb_destroy_notify_event_t>(event).window);
+        m_primaryServer->forgetRequestor(as<xcb_destroy_notify_event_t>(event).window);
+        break;
+    default: // errors of requests to windows that have vanished, and what we did not ask for
+        break;
+    }
+    if (m_transfer && m_transfer->isFinished())
+        completeTransfer();
+}
+
+void ClipboardThread::handleSelectionRequest(const xcb_selection_request_event_t& event) {
+    (event.selection == m_clipboard ? *m_server : *m_primaryServer).handle(event);
+}
+
+void ClipboardThread::handlePropertyNotify(const xcb_property_notify_event_t& event) {
+    if (event.window == m_window) {
+        if (event.atom != m_timeProperty || m_awaitingTime.empty())
+            return;
+        const ClipboardCommand command = std::move(m_awaitingTime.front());
+        m_awaitingTime.pop_front();
+        return carryOut(command, event.time);
+    }
+    if (m_transfer && event.window == m_transfer->requestor())
+        return m_transfer->handle(event);
+    m_server->handle(event);
+    m_primaryServer->handle(event);
+}
+
+void ClipboardThread::handleOwnerChange(const xcb_generic_event_t& generic) {
+    const auto& event = as<xcb_xfixes_selection_notify_event_t>(generic);
+    const bool ownClear =
+        event.owner == XCB_WINDOW_NONE && event.selection_timestamp == m_ownClearTime;
+    if (event.owner == m_window || ownClear)
+        return;
+    m_server->lost();
+    const bool ownerExited = event.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
+    abandonTransfer(ownerExited ? ownerGoneReason : replacedReason);
+    if (event.owner != XCB_WINDOW_NONE) {
+        m_lastForeign.reset();
+        return startTransfer(event.selection_timestamp, false);
+    }
+    if (ownerExited)
+        return keepAlive(event.timestamp);
+    // Emptied on purpose, as programs for secrets do: it must stay empty.
+    m_lastForeign.reset();
+    handOver({}, false);
+}
+
+/// The owner of what was copied has exited: without us its content would be gone.
+void ClipboardThread::keepAlive(xcb_timestamp_t time) {
+    if (m_lastForeign && isUsable(*m_lastForeign))
+        m_server->own(*m_lastForeign, time);
+    else
+        handOver({}, false);
+}
+
+void ClipboardThread::startTransfer(xcb_timestamp_t time, bool wasThereAtStart) {
+    m_transferFromStart = wasThereAtStart;
+    m_transfer = std::make_unique<SelectionTransfer>(m_connection.get(), *m_atoms, m_root,
+                                                     m_clipboard, time, m_limits);
+}
+
+void ClipboardThread::abandonTransfer(const QString& reason) {
+    if (!m_transfer)
+        return;
+    m_transfer->cutShort(reason);
+    completeTransfer();
+}
+
+void ClipboardThread::completeTransfer() {
+    TransferResult result = m_transfer->takeResult();
+    m_transfer.reset();
+    if (result.secret) {
+        m_exchange.countSkipped(secretReason);
+        return handOver({}, m_transferFromStart);
+    }
+    if (!result.problem.isEmpty())
+        m_exchange.countFailed(result.problem);
+    m_lastForeign = result.item;
+    if (isUsable(result.item))
+        handOver(std::move(result.item), m_transferFromStart);
+    else
+        malloc_trim(0); // the parts of a large content that was refused
+}
+
+void ClipboardThread::handOver(ClipboardSnapshotItem item, bool wasThereAtStart) {
+    auto handover = std::make_shared<ClipboardHandover>();
+    handover->text = plainText(item);
+    handover->imagePng = ownPng(item);
+    handover->wasThereAtStart = wasThereAtStart;
+    const auto image = handover->imagePng.isEmpty() ? convertibleImage(item) : std::nullopt;
+    handover->item = std::move(item);
+    handover->ready = !image;
+    if (!m_exchange.handOver(handover)) {
+        if (!wasThereAtStart)
+            m_exchange.countSkipped(overtakenReason);
+        return;
+    }
+    if (image)
+        m_imageConversion.post([this, handover, image = *image] {
+            m_exchange.markReady(handover, convertedToPng(image));
+            if (image.data.size() > largeContent)
+                malloc_trim(0);
+        });
+}
+
+void ClipboardThread::handleCommands() {
+    uint64_t ticks = 0;
+    if (read(m_wakeFd, &ticks, sizeof ticks) < 0)
+        return; // nothing waits
+    for (ClipboardCommand& command : m_exchange.takeCommands()) {
+        if (command.kind == ClipboardCommand::Kind::stop) {
+            m_stopping = true;
+            return;
+        }
+        m_awaitingTime.push_back(std::move(command));
+        askForTime();
+    }
+}
+
+/// Taking a selection needs a time of the server: a change of a property brings one.
+void ClipboardThread::askForTime() {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_window, m_timeProperty,
+                        XCB_ATOM_INTEGER, 32, 0, nullptr);
+    xcb_flush(m_connection.get());
+}
+
+void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t time) {
+    using Kind = ClipboardCommand::Kind;
+    if (command.kind == Kind::offerAsPrimary)
+        return m_primaryServer->own(command.content, time);
+    abandonTransfer(overtakenReason);
+    m_lastForeign.reset();
+    if (command.kind == Kind::own)
+        m_server->own(command.content, time);
+    else
+        m_server->giveUp(m_ownClearTime = time);
+}
+
+} // namespace quorvel

@@ -1,0 +1,115 @@
+#include "platform/x11/X11Pasteboard.h"
+
+#include "platform/desktop/ClipboardImage.h"
+#include "platform/desktop/ClipboardText.h"
+#include "platform/x11/ClipboardExchange.h"
+#include "platform/x11/ClipboardThread.h"
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <thread>
+
+namespace quorvel {
+
+/// The thread and what runs on it.
+class X11Pasteboard::Worker {
+public:
+    Worker(ClipboardExchange& exchange, int wakeFd, TransferLimits limits)
+        : m_clipboard(exchange, wakeFd, limits) {}
+
+    ~Worker() {
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+
+    bool start() {
+        if (!m_clipboard.connect())
+            return false;
+        m_thread = std::thread([this] { m_clipboard.run(); });
+        return true;
+    }
+
+private:
+    ClipboardThread m_clipboard;
+    std::thread m_thread;
+};
+
+X11Pasteboard::X11Pasteboard(QObject* parent, TransferLimits limits)
+    : m_wakeFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    setParent(parent);
+    m_exchange = std::make_unique<ClipboardExchange>(
+        [this] { QMetaObject::invokeMethod(this, [this] { receive(); }, Qt::QueuedConnection); },
+        [this] { wakeThread(); });
+    m_worker = std::make_unique<Worker>(*m_exchange, m_wakeFd, limits);
+    m_connected = m_worker->start();
+}
+
+X11Pasteboard::~X11Pasteboard() {
+    m_exchange->post({ClipboardCommand::Kind::stop, {}});
+    m_worker.reset();
+    m_exchange.reset();
+    ::close(m_wakeFd);
+}
+
+void X11Pasteboard::wakeThread() const {
+    const uint64_t one = 1;
+    // A full counter wakes the thread as well, so a failed write loses nothing.
+    [[maybe_unused]] const auto written = ::write(m_wakeFd, &one, sizeof one);
+}
+
+QList<ClipboardSnapshotItem> X11Pasteboard::items() const {
+    if (m_item.payloadByType.isEmpty())
+        return {};
+    return {m_item};
+}
+
+qint64 X11Pasteboard::write(const QList<ClipboardSnapshotItem>& items) {
+    // The selection holds one item: further ones add the types that the first one lacks.
+    ClipboardSnapshotItem merged;
+    for (const ClipboardSnapshotItem& item : items)
+        for (const PasteboardRepresentation& representation : item.payloadByType) {
+            const bool present =
+                std::any_of(merged.payloadByType.cbegin(), merged.payloadByType.cend(),
+                            [&](const auto& old) { return old.type == representation.type; });
+            if (!present)
+                merged.payloadByType.append(representation);
+        }
+    using Kind = ClipboardCommand::Kind;
+    const Kind kind = merged.payloadByType.isEmpty() ? Kind::clear : Kind::own;
+    for (const auto& earlier : m_exchange->takeHandoversAndPost({kind, merged}))
+        take(*earlier);
+    m_item = merged;
+    m_text = plainText(m_item);
+    m_imagePng = ownPng(m_item);
+    ++m_changeCount;
+    QMetaObject::invokeMethod(this, [this] { emit changed(); }, Qt::QueuedConnection);
+    return m_changeCount;
+}
+
+PasteboardActivity X11Pasteboard::activity() const { return m_exchange->activity(); }
+
+void X11Pasteboard::offerAsPrimary() {
+    m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
+}
+
+void X11Pasteboard::receive() {
+    while (const auto handover = m_exchange->takeHandover())
+        take(*handover);
+    if (m_connected && m_exchange->isConnectionLost()) {
+        m_connected = false;
+        emit connectionLost();
+    }
+}
+
+void X11Pasteboard::take(const ClipboardHandover& handover) {
+    m_item = handover.item;
+    m_text = handover.text;
+    m_imagePng = handover.imagePng;
+    if (handover.wasThereAtStart)
+        return;
+    ++m_changeCount;
+    emit changed();
+}
+
+} // namespace quorvel

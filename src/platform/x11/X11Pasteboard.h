@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/x11/SelectionTransfer.h"
+
+#include <memory>
+
+namespace quorvel {
+
+class ClipboardExchange;
+class ClipboardThread;
+
+/// The CLIPBOARD selection as a mirror: a thread of its own fetches what other programs copy and
+/// serves what we write, this object holds the newest content and counts the changes.
+class X11Pasteboard final : public Pasteboard {
+    Q_OBJECT
+
+public:
+    explicit X11Pasteboard(QObject* parent = nullptr, TransferLimits limits = {});
+    ~X11Pasteboard() override;
+
+    /// False when the display could not be reached; the pasteboard then stays empty.
+    bool isConnected() const { return m_connected; }
+
+    qint64 changeCount() const override { return m_changeCount; }
+    QList<ClipboardSnapshotItem> items() const override;
+    QString string() const override { return m_text; }
+    QByteArray imagePng() const override { return m_imagePng; }
+    qint64 write(const QList<ClipboardSnapshotItem>& items) override;
+    bool announcesChanges() const override { return true; }
+    PasteboardActivity activity() const override;
+
+    /// Offers the present content as the primary selection too, for programs whose paste keys
+    /// take that one.
+    void offerAsPrimary();
+
+signals:
+    /// The display has gone; nothing more will come.
+    void connectionLost();
+
+private:
+    void receive();
+    void take(const struct ClipboardHandover& handover);
+    void wakeThread() const;
+
+    class Worker;
+
+    int m_wakeFd;
+    bool m_connected = false;
+    qint64 m_changeCount = 0;
+    ClipboardSnapshotItem m_item;
+    QString m_text;
+    QByteArray m_imagePng;
+    std::unique_ptr<ClipboardExchange> m_exchange;
+    std::unique_ptr<Worker> m_worker;
+};
+
+} // namespace quorvel
