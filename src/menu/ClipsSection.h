@@ -1,0 +1,21 @@
+#pragma once
+
+#include "menu/MenuContent.h"
+#include "menu/MenuItem.h"
+
+namespace quorvel {
+
+/// The clips of the menu: header, recent clips with their number keys, the ones beyond in a
+/// submenu, and the pinned ones.
+QList<MenuItem> clipsSection(const MenuContent& content);
+
+/// What an entry is called in a menu, on one line and uncut.
+QString displayTitle(const RecentClipboardEntry& entry, const StringTable& strings);
+
+/// The title with its count in parentheses, when counters are switched on.
+QString countedTitle(const QString& title, qsizetype count, const Preferences& preferences);
+
+inline constexpr int titleLimit = 40;
+inline constexpr int titleTail = 10;
+
+} // namespace quorvel

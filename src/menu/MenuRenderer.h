@@ -1,0 +1,51 @@
+#pragma once
+
+#include "menu/MenuItem.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+struct MenuChoice {
+    MenuAction action = MenuAction::none;
+    QString representedObject;
+    Modifiers modifiers; ///< Held when the item was chosen.
+};
+
+/// Draws one menu tree at a time and tells what the user did with it. Holds no rule: what stands
+/// in the tree is shown. Never takes the input focus from the program in front.
+class MenuRenderer : public QObject {
+    Q_OBJECT
+
+public:
+    /// Shows the tree at the pointer, wholly on one screen.
+    virtual void open(const QList<MenuItem>& tree) = 0;
+
+    /// Replaces what the open menu shows, in place; nothing when it is closed.
+    virtual void update(const QList<MenuItem>& tree) = 0;
+
+    /// Gives a lazy submenu its items, by its identifier.
+    virtual void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) = 0;
+
+    /// Closes the menu; `closed` is emitted as if the user had closed it.
+    virtual void close() = 0;
+
+    virtual bool isOpen() const = 0;
+
+    /// Modifier keys held now.
+    virtual Modifiers currentModifiers() const = 0;
+
+signals:
+    /// A lazy submenu is about to be shown.
+    void submenuOpening(const QString& identifier);
+
+    /// The first frame of the open menu is on the screen.
+    void painted();
+
+    /// The menu is gone. Emitted once for each opening, before `chosen`.
+    void closed();
+
+    void chosen(const quorvel::MenuChoice& choice);
+};
+
+} // namespace quorvel

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "menu/MenuRenderer.h"
+#include "platform/Desktop.h"
+#include "platform/StatusItem.h"
+
+#include <QStringList>
+
+namespace quorvel::testing {
+
+class FakeMenuRenderer final : public MenuRenderer {
+public:
+    void open(const QList<MenuItem>& items) override {
+        tree = items;
+        m_open = true;
+    }
+    void update(const QList<MenuItem>& items) override { tree = items; }
+    void fillSubmenu(const QString&, const QList<MenuItem>&) override {}
+    void close() override {
+        if (std::exchange(m_open, false))
+            emit closed();
+    }
+    bool isOpen() const override { return m_open; }
+    Modifiers currentModifiers() const override { return {}; }
+
+    /// What a click on an item does: the menu goes, then the choice is told.
+    void choose(const MenuItem& item) {
+        const MenuChoice choice{item.action, item.representedObject, {}};
+        close();
+        emit chosen(choice);
+    }
+
+    QList<MenuItem> tree;
+
+private:
+    bool m_open = false;
+};
+
+class FakeStatusItem final : public StatusItem {
+public:
+    void show(const QString& toolTip) override { shownToolTip = toolTip; }
+    QString state() const override { return QStringLiteral("xembed"); }
+    void notify(const QString& title, const QString&) override { notifications.append(title); }
+
+    QString shownToolTip;
+    QStringList notifications;
+};
+
+class FakeDesktop final : public Desktop {
+public:
+    bool openFile(const QString& path) override {
+        openedFiles.append(path);
+        return true;
+    }
+    void showMessage(const QString& title, const QString&) override { messages.append(title); }
+
+    QStringList openedFiles;
+    QStringList messages;
+};
+
+} // namespace quorvel::testing
