@@ -1,0 +1,153 @@
+#include "CoreRig.h"
+#include "FakeKeyPoster.h"
+
+#include "paste/PasteEngine.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace quorvel::testing {
+
+namespace {
+constexpr qint64 ownProcess = 1;
+
+RunningApplication program(qint64 process, quint64 window,
+                           ApplicationKind kind = ApplicationKind::ordinary) {
+    RunningApplication application;
+    application.processIdentifier = process;
+    application.window = window;
+    application.kind = kind;
+    return application;
+}
+} // namespace
+
+class PasteEngineTest : public ::testing::Test, protected CoreRig {
+protected:
+    void SetUp() override {
+        watcher.start();
+        focus.start();
+        workspace.setFrontmost(program(7, 70), 71);
+    }
+    QUuid copied(const QList<ClipboardSnapshotItem>& items) {
+        pasteboard.copyFromOutside(items);
+        mainQueue.settle();
+        return first().id;
+    }
+    QUuid copied(const QString& text) { return copied({textItem(text)}); }
+
+    FakeKeyPoster keyPoster;
+    FocusTracker focus{workspace, mainQueue, ownProcess};
+    PasteEngine engine{pasteboard, watcher, history, focus, workspace, keyPoster, mainQueue};
+};
+
+TEST_F(PasteEngineTest, WritesAtOnceAndPressesKeysInTheTargetLater) {
+    const QUuid old = copied(QStringLiteral("old"));
+    copied(QStringLiteral("new"));
+    engine.pasteRecentSnippet(old);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("old"));
+    EXPECT_EQ(workspace.activations(), QList<FocusTarget>({{7, 70, 71}}));
+    mainQueue.advance(79ms);
+    EXPECT_TRUE(keyPoster.posts().isEmpty());
+    mainQueue.advance(1ms);
+    EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({FocusTarget{7, 70, 71}}));
+    EXPECT_EQ(texts().first(), QStringLiteral("old"));
+    EXPECT_EQ(first().usageCount, 1);
+}
+
+TEST_F(PasteEngineTest, ItsWriteIsNotRecorded) {
+    const QUuid id = copied(QStringLiteral("x"));
+    QSignalSpy captured(&history, &ClipboardHistory::entryCaptured);
+    for (int i = 0; i < 14; ++i)
+        engine.pasteRecentSnippet(id);
+    mainQueue.settle();
+    mainQueue.advance(10s);
+    EXPECT_TRUE(captured.isEmpty());
+}
+
+TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
+    const ClipboardSnapshotItem rich{{{QStringLiteral("text/html"), "<b>x</b>"},
+                                      {QStringLiteral("UTF8_STRING"), "x"},
+                                      {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
+    engine.pasteRecentSnippet(copied({rich}));
+    const auto& written = pasteboard.items().first().payloadByType;
+    EXPECT_EQ(written.mid(0, 3), rich.payloadByType);
+    EXPECT_EQ(written.at(3), (PasteboardRepresentation{pasteboardTypeString, "x"}));
+}
+
+TEST_F(PasteEngineTest, WithoutCapturedFormsTheTextOrThePictureIsPasted) {
+    history.insert({.text = QStringLiteral("stored")});
+    engine.pasteRecentSnippet(first().id);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("stored"));
+    const QByteArray png("\x89PNG\r\n\x1a\n...", 11);
+    history.insert({.imagePNGData = png});
+    engine.pasteRecentSnippet(first().id);
+    EXPECT_EQ(pasteboard.imagePng(), png);
+}
+
+TEST_F(PasteEngineTest, OnlyOrdinaryProgramsOfOthersBecomeTargets) {
+    const QUuid id = copied(QStringLiteral("x"));
+    workspace.setFrontmost(program(ownProcess, 10), 11);
+    workspace.setFrontmost(program(8, 80, ApplicationKind::overlay), 81);
+    workspace.setFrontmost(std::nullopt);
+    engine.pasteRecentSnippet(id);
+    mainQueue.advance(1s);
+    EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({FocusTarget{7, 70, 71}}));
+}
+
+TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
+    const QUuid id = copied(QStringLiteral("x"));
+    workspace.end(70);
+    engine.pasteRecentSnippet(id);
+    EXPECT_TRUE(workspace.activations().isEmpty());
+    mainQueue.advance(119ms);
+    EXPECT_TRUE(keyPoster.posts().isEmpty());
+    mainQueue.advance(1ms);
+    EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({std::nullopt}));
+}
+
+TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteboard) {
+    const QUuid id = copied(QStringLiteral("x"));
+    QSignalSpy missing(&engine, &PasteEngine::permissionMissing);
+    const auto paste = [&](bool trusted) {
+        keyPoster.setTrusted(trusted);
+        engine.pasteRecentSnippet(id);
+        mainQueue.advance(1s);
+    };
+    paste(false);
+    paste(false);
+    EXPECT_EQ(missing.size(), 1);
+    EXPECT_TRUE(keyPoster.posts().isEmpty());
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("x"));
+    paste(true);
+    paste(false);
+    EXPECT_EQ(missing.size(), 2) << "told again after it had worked";
+}
+
+TEST_F(PasteEngineTest, AnUnknownEntryDoesNothing) {
+    copied(QStringLiteral("x"));
+    const qint64 count = pasteboard.changeCount();
+    engine.pasteRecentSnippet(QUuid::createUuid());
+    mainQueue.advance(1s);
+    EXPECT_EQ(pasteboard.changeCount(), count);
+    EXPECT_TRUE(keyPoster.posts().isEmpty());
+}
+
+TEST(FocusTracker, PollsWhereChangesAreNotAnnounced) {
+    CoreRig rig;
+    rig.workspace.setAnnouncesChanges(false);
+    FocusTracker focus(rig.workspace, rig.mainQueue, ownProcess);
+    focus.start();
+    rig.workspace.setFrontmost(program(7, 70), 71);
+    EXPECT_FALSE(focus.target().has_value());
+    rig.mainQueue.advance(FocusTracker::pollInterval);
+    EXPECT_EQ(focus.target(), (FocusTarget{7, 70, 71}));
+    focus.stop();
+    rig.workspace.setFrontmost(program(8, 80), 81);
+    rig.mainQueue.advance(10s);
+    EXPECT_EQ(focus.target(), (FocusTarget{7, 70, 71}));
+}
+
+} // namespace quorvel::testing
