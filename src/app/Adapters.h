@@ -1,0 +1,25 @@
+#pragma once
+
+#include "menu/MenuRenderer.h"
+#include "platform/Desktop.h"
+#include "platform/HotKeyCenter.h"
+#include "platform/KeyPoster.h"
+#include "platform/Pasteboard.h"
+#include "platform/StatusItem.h"
+#include "platform/Workspace.h"
+
+namespace quorvel {
+
+/// The platform as the program sees it: one implementation of every port. Not owned.
+struct Adapters {
+    QString name; ///< For the status report.
+    Pasteboard& pasteboard;
+    Workspace& workspace;
+    KeyPoster& keyPoster;
+    HotKeyCenter& hotKeys;
+    StatusItem& statusItem;
+    MenuRenderer& menu;
+    Desktop& desktop;
+};
+
+} // namespace quorvel

@@ -1,0 +1,172 @@
+#include "app/AppDelegate.h"
+
+#include "app/ControlCommands.h"
+#include "control/ControlClient.h"
+#include "foundation/Log.h"
+
+namespace quorvel {
+
+AppDelegate::AppDelegate(Environment environment, Adapters adapters)
+    : m_environment(std::move(environment))
+    , m_adapters(adapters)
+    , m_instanceLock(m_environment.paths.instanceLock)
+    , m_preferenceStore(m_environment.paths.preferencesFile, m_environment.clock,
+                        m_environment.disk)
+    , m_preferences(m_preferenceStore)
+    , m_history(m_preferences, m_environment.clock)
+    , m_historyStore(m_environment.paths.historyFile, m_environment.paths.journalFile, m_history,
+                     m_environment.clock, m_environment.mainQueue, m_environment.disk)
+    , m_watcher(m_adapters.pasteboard, m_adapters.workspace, m_history, m_environment.clock,
+                m_environment.mainQueue)
+    , m_focusTracker(m_adapters.workspace, m_environment.mainQueue,
+                     m_environment.processIdentifier)
+    , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
+                    m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
+    , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
+    , m_menu({m_history, m_preferences, m_environment.strings, m_environment.clock}, m_history,
+             m_watcher, m_adapters.menu) {
+    wireMenu();
+    wirePaste();
+    wireControl();
+}
+
+AppDelegate::~AppDelegate() = default;
+
+bool AppDelegate::applicationDidFinishLaunching() {
+    if (!guardSingleInstance())
+        return false;
+    m_running = true;
+    runAll(launchSteps());
+    return true;
+}
+
+QList<LaunchStep> AppDelegate::launchSteps() {
+    const auto& strings = m_environment.strings;
+    return {
+        {QStringLiteral("preferences"), [this] { m_preferenceStore.load(); }},
+        {QStringLiteral("accessibility trust"), [this] { logAccessibilityTrust(); }},
+        {QStringLiteral("status item"),
+         [&] { m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip"))); }},
+        {QStringLiteral("history"), [this] { m_historyStore.load(); }},
+        {QStringLiteral("pasteboard watcher"), [this] { m_watcher.start(); }},
+        {QStringLiteral("focus tracker"), [this] { m_focusTracker.start(); }},
+        {QStringLiteral("hot keys"), [this] { m_hotKeys.registerAll(); }},
+        {QStringLiteral("menu"), [this] { m_menu.rebuild(); }},
+        {QStringLiteral("control socket"),
+         [this] {
+             const QString problem = m_control.listen(m_environment.paths.controlSocket);
+             if (!problem.isEmpty())
+                 logLine(QStringLiteral("[Quorvel Control] cannot listen: %1").arg(problem));
+         }},
+    };
+}
+
+void AppDelegate::applicationWillTerminate() {
+    if (!std::exchange(m_running, false))
+        return;
+    runAll(terminationSteps());
+}
+
+QList<LaunchStep> AppDelegate::terminationSteps() {
+    return {
+        {QStringLiteral("control socket"), [this] { m_control.close(); }},
+        {QStringLiteral("pasteboard watcher and focus tracker"),
+         [this] {
+             m_watcher.stop();
+             m_focusTracker.stop();
+         }},
+        {QStringLiteral("history"), [this] { m_historyStore.writeNow(); }},
+        {QStringLiteral("menu"), [this] { m_menu.close(); }},
+        {QStringLiteral("hot keys"), [this] { m_hotKeys.unregisterAll(); }},
+    };
+}
+
+void AppDelegate::runAll(const QList<LaunchStep>& steps) {
+    for (const LaunchStep& step : steps) {
+        step.run();
+        emit stepDone(step.name);
+    }
+}
+
+bool AppDelegate::guardSingleInstance() {
+    makePrivateFolder(m_environment.paths.runtimeFolder);
+    if (m_instanceLock.acquire() != InstanceLock::Outcome::heldByAnother)
+        return true;
+    sendControlRequest(m_environment.paths.controlSocket, {QStringLiteral("show"), {}});
+    return false;
+}
+
+void AppDelegate::logAccessibilityTrust() const {
+    logLine(QStringLiteral("[Quorvel Permissions] accessibility=%1")
+                .arg(m_adapters.keyPoster.isTrusted() ? QStringLiteral("granted")
+                                                      : QStringLiteral("denied")));
+}
+
+void AppDelegate::wireMenu() {
+    connect(&m_adapters.statusItem, &StatusItem::activated, this,
+            [this] { m_menu.toggle(MenuVariant::main); });
+    connect(&m_adapters.statusItem, &StatusItem::settingsRequested, this,
+            &AppDelegate::openGeneralSettings);
+    connect(&m_adapters.statusItem, &StatusItem::quitRequested, this, &AppDelegate::quitRequested);
+    connect(&m_hotKeys, &GlobalHotKeys::pressed, this, [this](HotKeyId id) {
+        if (id == HotKeyId::openMenu)
+            m_menu.toggle(MenuVariant::pasteHotKey);
+    });
+    connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
+    connect(&m_menu, &StatusMenuController::openGeneralSettingsChosen, this,
+            &AppDelegate::openGeneralSettings);
+    connect(&m_menu, &StatusMenuController::quitChosen, this, &AppDelegate::quitRequested);
+    connect(&m_historyStore, &HistoryStore::saveProblemChanged, this,
+            &AppDelegate::reportSaveProblem);
+}
+
+void AppDelegate::wirePaste() {
+    connect(&m_menu, &StatusMenuController::pasteRecentSnippetChosen, &m_pasteEngine,
+            [this](const QUuid& id) { m_pasteEngine.pasteRecentSnippet(id); });
+    connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
+    connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
+        const StringTable& strings = m_environment.strings;
+        m_adapters.desktop.showMessage(
+            strings.text(QStringLiteral("error.pastePermission.title")),
+            strings.text(QStringLiteral("error.pastePermission.messagePrefix")) +
+                strings.text(QStringLiteral("error.pastePermission.needsAccessibility")) +
+                strings.text(QStringLiteral("error.pastePermission.messageSuffix")));
+    });
+}
+
+void AppDelegate::wireControl() {
+    addControlCommands(m_control, {
+                                      .environment = m_environment,
+                                      .adapters = m_adapters,
+                                      .preferences = m_preferenceStore,
+                                      .history = m_history,
+                                      .historyStore = m_historyStore,
+                                      .watcher = m_watcher,
+                                      .focus = m_focusTracker,
+                                      .pasteEngine = m_pasteEngine,
+                                      .hotKeys = m_hotKeys,
+                                      .menu = m_menu,
+                                      .quit = [this] { emit quitRequested(); },
+                                  });
+}
+
+void AppDelegate::openGeneralSettings() {
+    m_preferenceStore.ensureFile();
+    m_adapters.desktop.openFile(m_preferenceStore.path());
+}
+
+void AppDelegate::reportPost(PostOutcome outcome) {
+    if (outcome == PostOutcome::posted)
+        return;
+    logLine(QStringLiteral("[Quorvel Paste] no keys sent: %1")
+                .arg(outcome == PostOutcome::focusElsewhere
+                         ? QStringLiteral("the target lost the focus")
+                         : QStringLiteral("keys cannot be posted")));
+    const StringTable& strings = m_environment.strings;
+    m_adapters.statusItem.notify(strings.text(QStringLiteral("paste.notDelivered.title")),
+                                 strings.text(QStringLiteral("paste.notDelivered.message")));
+}
+
+void AppDelegate::reportSaveProblem() { m_menu.setSaveProblem(m_historyStore.saveProblem()); }
+
+} // namespace quorvel

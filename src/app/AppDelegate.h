@@ -1,0 +1,82 @@
+#pragma once
+
+#include "app/Adapters.h"
+#include "app/LaunchStep.h"
+#include "clipboard/HistoryStore.h"
+#include "control/ControlServer.h"
+#include "control/InstanceLock.h"
+#include "foundation/DataPaths.h"
+#include "foundation/StringTable.h"
+#include "menu/StatusMenuController.h"
+#include "paste/GlobalHotKeys.h"
+#include "paste/PasteEngine.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// Owns everything that runs: makes one object for each concern, wires them, and starts and stops
+/// them in a fixed order. Decides nothing else.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Environment {
+        DataPaths paths;
+        const Clock& clock;
+        MainQueue& mainQueue;
+        BackgroundQueue& disk;
+        StringTable strings;
+        qint64 processIdentifier;
+    };
+
+    AppDelegate(Environment environment, Adapters adapters);
+    ~AppDelegate() override;
+
+    /// Runs the start, in order. False when another instance runs: it has been asked to show its
+    /// menu, and this one must end.
+    bool applicationDidFinishLaunching();
+
+    /// Runs the end, in order. Harmless when called again.
+    void applicationWillTerminate();
+
+    const ClipboardHistory& history() const { return m_history; }
+
+signals:
+    /// A step of the start or the end is done.
+    void stepDone(const QString& name);
+
+    /// The user or another program wants this one to end.
+    void quitRequested();
+
+private:
+    bool guardSingleInstance();
+    void logAccessibilityTrust() const;
+    QList<LaunchStep> launchSteps();
+    QList<LaunchStep> terminationSteps();
+    void runAll(const QList<LaunchStep>& steps);
+
+    void wireMenu();
+    void wirePaste();
+    void wireControl();
+    void openGeneralSettings();
+    void reportPost(PostOutcome outcome);
+    void reportSaveProblem();
+
+    Environment m_environment;
+    Adapters m_adapters;
+    InstanceLock m_instanceLock;
+    PreferenceStore m_preferenceStore;
+    Preferences m_preferences;
+    ClipboardHistory m_history;
+    HistoryStore m_historyStore;
+    PasteboardWatcher m_watcher;
+    FocusTracker m_focusTracker;
+    PasteEngine m_pasteEngine;
+    GlobalHotKeys m_hotKeys;
+    StatusMenuController m_menu;
+    ControlServer m_control;
+    bool m_running = false;
+};
+
+} // namespace quorvel

@@ -1,0 +1,179 @@
+#include "CoreRig.h"
+#include "FakeHotKeyCenter.h"
+#include "FakeKeyPoster.h"
+#include "FakeUi.h"
+
+#include "app/AppDelegate.h"
+#include "clipboard/EntryCoder.h"
+#include "control/ControlClient.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QSignalSpy>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace quorvel::testing {
+
+/// A whole program on fakes.
+struct Program {
+    explicit Program(const QString& home)
+        : paths{home + QStringLiteral("/data/clipboard-history.json"),
+                home + QStringLiteral("/data/clipboard-history.journal"),
+                home + QStringLiteral("/config/preferences.json"),
+                home + QStringLiteral("/run"),
+                home + QStringLiteral("/run/control"),
+                home + QStringLiteral("/run/lock")}
+        , delegate({paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
+                   {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem,
+                    menu, desktop}) {}
+
+    void copy(const QString& text) {
+        pasteboard.copyFromOutside(text);
+        mainQueue.settle();
+    }
+
+    DataPaths paths;
+    ManualClock clock;
+    ManualMainQueue mainQueue{clock};
+    ManualDisk disk;
+    FakePasteboard pasteboard;
+    FakeWorkspace workspace;
+    FakeKeyPoster keyPoster;
+    FakeHotKeyCenter hotKeys;
+    FakeStatusItem statusItem;
+    FakeMenuRenderer menu;
+    FakeDesktop desktop;
+    AppDelegate delegate;
+};
+
+class AppDelegateTest : public ::testing::Test {
+protected:
+    /// Asks over the socket, from a thread of its own, while the main loop runs here.
+    static ControlReply ask(const Program& program, const QString& command,
+                            const QJsonObject& arguments = {}) {
+        std::optional<ControlReply> reply;
+        QThread* client = QThread::create([&] {
+            reply = sendControlRequest(program.paths.controlSocket, {command, arguments});
+        });
+        client->start();
+        while (!client->isFinished())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        client->wait();
+        delete client;
+        return reply.value_or(ControlReply{{}, QStringLiteral("nobody there")});
+    }
+
+    QTemporaryDir home;
+};
+
+TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
+    Program program(home.path());
+    QStringList steps;
+    QObject::connect(&program.delegate, &AppDelegate::stepDone,
+                     [&](const QString& name) { steps.append(name); });
+    ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
+    EXPECT_EQ(steps.join(u'|'), QStringLiteral("preferences|accessibility trust|status item|history|"
+                                               "pasteboard watcher|focus tracker|hot keys|menu|"
+                                               "control socket"));
+    EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
+    steps.clear();
+    program.delegate.applicationWillTerminate();
+    program.delegate.applicationWillTerminate();
+    EXPECT_EQ(steps.join(u'|'), QStringLiteral("control socket|pasteboard watcher and focus tracker|"
+                                               "history|menu|hot keys"));
+    EXPECT_EQ(program.hotKeys.registrationCount(), 0);
+}
+
+TEST_F(AppDelegateTest, ACopyDuringTheStartLandsOnTheLoadedHistory) {
+    {
+        Program before(home.path());
+        before.delegate.applicationDidFinishLaunching();
+        before.copy(QStringLiteral("stored"));
+        before.delegate.applicationWillTerminate();
+    }
+    Program program(home.path());
+    program.pasteboard.copyFromOutside(QStringLiteral("early"));
+    program.delegate.applicationDidFinishLaunching();
+    program.mainQueue.settle();
+    const auto& entries = program.delegate.history().recentClipboard();
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries.first().text, QStringLiteral("early"));
+    EXPECT_EQ(entries.last().text, QStringLiteral("stored"));
+}
+
+TEST_F(AppDelegateTest, ASecondInstanceShowsTheFirstAndEnds) {
+    Program first(home.path());
+    ASSERT_TRUE(first.delegate.applicationDidFinishLaunching());
+    bool secondRuns = true;
+    QThread* second = QThread::create([&] {
+        Program program(home.path());
+        secondRuns = program.delegate.applicationDidFinishLaunching();
+    });
+    second->start();
+    while (!second->isFinished())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    second->wait();
+    delete second;
+    EXPECT_FALSE(secondRuns);
+    EXPECT_TRUE(first.menu.isOpen());
+}
+
+TEST_F(AppDelegateTest, TheMenuPastesAndTheFooterActs) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    program.copy(QStringLiteral("a"));
+    program.copy(QStringLiteral("b"));
+    emit program.statusItem.activated();
+    ASSERT_EQ(program.menu.tree.at(2).title, QStringLiteral("a"));
+    program.menu.choose(program.menu.tree.at(2));
+    program.mainQueue.advance(1s);
+    EXPECT_EQ(program.pasteboard.string(), QStringLiteral("a"));
+    EXPECT_EQ(program.keyPoster.posts().size(), 1);
+
+    EXPECT_TRUE(program.hotKeys.press('v', Modifier::command | Modifier::shift));
+    ASSERT_TRUE(program.menu.isOpen());
+    program.menu.choose(program.menu.tree.last());
+    EXPECT_EQ(program.desktop.openedFiles, QStringList(program.paths.preferencesFile));
+    EXPECT_TRUE(QFile::exists(program.paths.preferencesFile));
+}
+
+TEST_F(AppDelegateTest, FailedPastesAreTold) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    program.copy(QStringLiteral("a"));
+    program.keyPoster.setOutcome(PostOutcome::focusElsewhere);
+    ask(program, QStringLiteral("paste"), {{QStringLiteral("position"), 1}});
+    program.mainQueue.advance(1s);
+    EXPECT_EQ(program.statusItem.notifications.size(), 1);
+    program.keyPoster.setTrusted(false);
+    ask(program, QStringLiteral("paste"), {{QStringLiteral("position"), 1}});
+    EXPECT_EQ(program.desktop.messages.size(), 1);
+}
+
+TEST_F(AppDelegateTest, TheControlSocketAnswers) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    EXPECT_TRUE(ask(program, QStringLiteral("copy"), {{QStringLiteral("text"), QStringLiteral("hi\n")}}).isOk());
+    const QJsonArray list = ask(program, QStringLiteral("list")).result.toArray();
+    ASSERT_EQ(list.size(), 1);
+    const QJsonObject clip = list.first().toObject();
+    EXPECT_EQ(clip.value(QStringLiteral("text")), QJsonValue(QStringLiteral("hi\n")));
+    EXPECT_EQ(clip.value(QStringLiteral("position")), QJsonValue(1));
+    EXPECT_EQ(clip.value(QStringLiteral("copiedAt")), QJsonValue(QStringLiteral("2026-05-09T06:13:20.000Z")));
+    EXPECT_EQ(program.pasteboard.string(), QStringLiteral("hi\n"));
+
+    EXPECT_FALSE(ask(program, QStringLiteral("paste"), {{QStringLiteral("position"), 2}}).isOk());
+    EXPECT_FALSE(ask(program, QStringLiteral("dance")).isOk());
+    const QJsonObject status = ask(program, QStringLiteral("status")).result.toObject();
+    EXPECT_EQ(status.value(QStringLiteral("clips")), QJsonValue(1));
+    QSignalSpy quit(&program.delegate, &AppDelegate::quitRequested);
+    EXPECT_TRUE(ask(program, QStringLiteral("quit")).isOk());
+    program.mainQueue.settle();
+    EXPECT_EQ(quit.size(), 1);
+}
+
+} // namespace quorvel::testing
