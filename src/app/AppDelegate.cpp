@@ -37,6 +37,7 @@ bool AppDelegate::applicationDidFinishLaunching() {
         return false;
     m_running = true;
     runAll(launchSteps());
+    logLine(QStringLiteral("[Quorvel Launch] ready"));
     return true;
 }
 

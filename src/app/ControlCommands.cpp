@@ -25,10 +25,14 @@ QJsonObject listed(const RecentClipboardEntry& entry, qsizetype position) {
     };
 }
 
-ControlReply list(const ClipboardHistory& history) {
+/// The first `limit` entries; all of them when it is 0.
+ControlReply list(const ClipboardHistory& history, int limit) {
     QJsonArray entries;
-    for (const RecentClipboardEntry& entry : history.recentClipboard())
+    for (const RecentClipboardEntry& entry : history.recentClipboard()) {
         entries.append(listed(entry, entries.size() + 1));
+        if (entries.size() == limit)
+            break;
+    }
     return {entries, {}};
 }
 
@@ -56,8 +60,9 @@ ControlReply paste(const ControlledParts& parts, int position) {
 } // namespace
 
 void addControlCommands(ControlServer& server, const ControlledParts& parts) {
-    server.handle(QStringLiteral("list"),
-                  [parts](const QJsonObject&) { return list(parts.history); });
+    server.handle(QStringLiteral("list"), [parts](const QJsonObject& arguments) {
+        return list(parts.history, arguments.value(QStringLiteral("limit")).toInt());
+    });
     server.handle(QStringLiteral("show"), [parts](const QJsonObject&) {
         parts.menu.open(MenuVariant::main);
         return ControlReply{true, {}};

@@ -1,7 +1,5 @@
 #include "clipboard/ClipboardHistory.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace quorvel {
@@ -22,10 +20,6 @@ qsizetype payloadBytes(const RecentClipboardEntry& entry) {
 
 } // namespace
 
-QString identityKey(const RecentClipboardEntry& entry) {
-    return identityKey(entry.text, entry.imagePNGData);
-}
-
 ClipboardHistory::ClipboardHistory(Preferences& preferences, const Clock& clock)
     : m_preferences(preferences)
     , m_clock(clock)
@@ -43,17 +37,15 @@ const RecentClipboardEntry* ClipboardHistory::entry(const QUuid& id) const {
 }
 
 void ClipboardHistory::restore(QList<RecentClipboardEntry> entries) {
-    QSet<QString> seen;
     m_recentClipboard.clear();
     for (RecentClipboardEntry& entry : entries) {
-        const QString key = identityKey(entry);
-        if (seen.contains(key))
+        const bool isKnown =
+            std::any_of(m_recentClipboard.cbegin(), m_recentClipboard.cend(), [&](const auto& known) {
+                return isSameClip(known, entry.text, entry.imagePNGData);
+            });
+        if (isKnown)
             continue;
-        seen.insert(key);
-        if (m_pins.isPinned(key)) {
-            entry.pinned = true;
-            entry.pinnedUntil = m_pins.expiry(key);
-        }
+        applyRememberedPin(entry);
         m_recentClipboard.append(std::move(entry));
     }
     trim();
@@ -61,8 +53,7 @@ void ClipboardHistory::restore(QList<RecentClipboardEntry> entries) {
 
 void ClipboardHistory::insert(const ClipboardCapture& capture) {
     dropExpiredPins();
-    const QString key = identityKey(capture.text, capture.imagePNGData);
-    const auto older = takeByKey(key);
+    const auto older = takeSame(capture);
     RecentClipboardEntry entry;
     entry.id = QUuid::createUuid();
     entry.text = capture.text;
@@ -72,10 +63,13 @@ void ClipboardHistory::insert(const ClipboardCapture& capture) {
     entry.sourceAppName = capture.sourceAppName;
     entry.sourceAppBundleIdentifier = capture.sourceAppBundleIdentifier;
     entry.copiedAt = m_clock.now();
-    entry.pinned = (older && older->pinned) || m_pins.isPinned(key);
-    if (entry.pinned)
-        entry.pinnedUntil = older && older->pinned ? older->pinnedUntil : m_pins.expiry(key);
-    entry.usageCount = older ? older->usageCount : 0;
+    if (older) {
+        entry.pinned = older->pinned;
+        entry.pinnedUntil = older->pinnedUntil;
+        entry.usageCount = older->usageCount;
+    }
+    if (!entry.pinned)
+        applyRememberedPin(entry);
     m_recentClipboard.prepend(entry);
     trim();
     emit entryPut(entry);
@@ -83,19 +77,25 @@ void ClipboardHistory::insert(const ClipboardCapture& capture) {
     emit changed();
 }
 
-std::optional<RecentClipboardEntry> ClipboardHistory::takeByKey(const QString& key) {
+std::optional<RecentClipboardEntry> ClipboardHistory::takeSame(const ClipboardCapture& capture) {
     std::optional<RecentClipboardEntry> newest;
     m_recentClipboard.removeIf([&](const RecentClipboardEntry& entry) {
-        // Texts of other lengths differ; only pictures need their digest.
-        if (!entry.isImage() && entry.text.size() != key.size())
-            return false;
-        if (identityKey(entry) != key)
-            return false;
-        if (!newest)
+        const bool isSame = isSameClip(entry, capture.text, capture.imagePNGData);
+        if (isSame && !newest)
             newest = entry;
-        return true;
+        return isSame;
     });
     return newest;
+}
+
+void ClipboardHistory::applyRememberedPin(RecentClipboardEntry& entry) const {
+    if (m_pins.areNone())
+        return;
+    const QString key = identityKey(entry);
+    if (!m_pins.isPinned(key))
+        return;
+    entry.pinned = true;
+    entry.pinnedUntil = m_pins.expiry(key);
 }
 
 void ClipboardHistory::bump(const QUuid& id) {
@@ -175,7 +175,8 @@ void ClipboardHistory::trim() {
 }
 
 bool ClipboardHistory::survivesTrimming(const RecentClipboardEntry& entry) const {
-    return entry.pinned || m_pins.isPinnedInFolder(identityKey(entry));
+    return entry.pinned ||
+           (m_pins.areInFolders() && m_pins.isPinnedInFolder(identityKey(entry)));
 }
 
 void ClipboardHistory::trimCount() {

@@ -71,7 +71,8 @@ signals:
 
 private:
     qsizetype indexOf(const QUuid& id) const;
-    std::optional<RecentClipboardEntry> takeByKey(const QString& key);
+    std::optional<RecentClipboardEntry> takeSame(const ClipboardCapture& capture);
+    void applyRememberedPin(RecentClipboardEntry& entry) const;
     void setPin(const QUuid& id, bool pinned, std::optional<Date> until);
     void dropExpiredPin(RecentClipboardEntry& entry);
     void trim();
@@ -85,8 +86,5 @@ private:
     ClipboardPins m_pins;
     QList<RecentClipboardEntry> m_recentClipboard;
 };
-
-/// The identity key of an entry.
-QString identityKey(const RecentClipboardEntry& entry);
 
 } // namespace quorvel

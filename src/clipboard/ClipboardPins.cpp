@@ -8,6 +8,14 @@ namespace quorvel {
 ClipboardPins::ClipboardPins(Preferences& preferences)
     : m_preferences(preferences) {}
 
+bool ClipboardPins::areNone() const {
+    return m_preferences.record(keys::pinnedClipboardTexts).toArray().isEmpty();
+}
+
+bool ClipboardPins::areInFolders() const {
+    return !m_preferences.record(keys::smartFolderPinnedClipboardTexts).toObject().isEmpty();
+}
+
 bool ClipboardPins::isPinned(const QString& key) const {
     return m_preferences.record(keys::pinnedClipboardTexts).toArray().contains(key);
 }

@@ -15,6 +15,10 @@ class ClipboardPins {
 public:
     explicit ClipboardPins(Preferences& preferences);
 
+    /// Cheap questions that spare the identity key of a picture.
+    bool areNone() const;
+    bool areInFolders() const;
+
     bool isPinned(const QString& key) const;
 
     /// When the pin of this key lapses; absent for a pin without end and for no pin.

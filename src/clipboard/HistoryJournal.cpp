@@ -1,12 +1,12 @@
 #include "clipboard/HistoryJournal.h"
 
-#include "clipboard/ClipboardHistory.h"
 #include "clipboard/EntryCoder.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace quorvel::HistoryJournal {
@@ -26,25 +26,25 @@ QByteArray record(const QString& operation, const QString& field, const QJsonVal
     return '\n' + QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
-void removeByKey(QList<RecentClipboardEntry>& entries, const QString& key) {
-    entries.removeIf([&](const auto& entry) { return identityKey(entry) == key; });
+bool haveSameIdentity(const RecentClipboardEntry& a, const RecentClipboardEntry& b) {
+    return isSameClip(a, b.text, b.imagePNGData);
 }
 
 void apply(const QJsonObject& record, QList<RecentClipboardEntry>& entries) {
     const QString operation = record.value(operationField).toString();
     if (operation == removeOperation)
-        return removeByKey(entries, record.value(keyField).toString());
+        return void(entries.removeIf([key = record.value(keyField).toString()](const auto& entry) {
+            return identityKey(entry) == key;
+        }));
     const auto entry = decodedEntry(record.value(entryField).toObject());
     if (!entry)
         return;
-    const QString key = identityKey(*entry);
+    const auto isIt = [&](const auto& known) { return haveSameIdentity(known, *entry); };
     if (operation == putOperation) {
-        removeByKey(entries, key);
+        entries.removeIf(isIt);
         entries.prepend(*entry);
     } else if (operation == changeOperation) {
-        for (RecentClipboardEntry& known : entries)
-            if (identityKey(known) == key)
-                known = *entry;
+        std::replace_if(entries.begin(), entries.end(), isIt, *entry);
     }
 }
 

@@ -14,12 +14,15 @@ HistoryStore::HistoryStore(QString historyFile, QString journalFile, ClipboardHi
     , m_clock(clock)
     , m_mainQueue(mainQueue)
     , m_disk(disk) {
-    connect(&m_history, &ClipboardHistory::entryPut, this,
-            [this](const RecentClipboardEntry& entry) { append(HistoryJournal::putRecord(entry)); });
-    connect(&m_history, &ClipboardHistory::entryChanged, this,
-            [this](const auto& entry) { append(HistoryJournal::changeRecord(entry)); });
-    connect(&m_history, &ClipboardHistory::entryRemoved, this,
-            [this](const QString& key) { append(HistoryJournal::removeRecord(key)); });
+    connect(&m_history, &ClipboardHistory::entryPut, this, [this](const auto& entry) {
+        append([entry] { return HistoryJournal::putRecord(entry); });
+    });
+    connect(&m_history, &ClipboardHistory::entryChanged, this, [this](const auto& entry) {
+        append([entry] { return HistoryJournal::changeRecord(entry); });
+    });
+    connect(&m_history, &ClipboardHistory::entryRemoved, this, [this](const QString& key) {
+        append([key] { return HistoryJournal::removeRecord(key); });
+    });
     connect(&m_history, &ClipboardHistory::changed, this, &HistoryStore::scheduleWrite);
 }
 
@@ -64,7 +67,7 @@ bool HistoryStore::retrySettingAside() {
     return m_notSetAside.isEmpty();
 }
 
-void HistoryStore::append(const QByteArray& record) {
+void HistoryStore::append(Record record) {
     if (m_notSetAside.contains(m_journalFile))
         return;
     std::shared_ptr<Batch> fresh;
@@ -72,7 +75,7 @@ void HistoryStore::append(const QByteArray& record) {
         const std::lock_guard lock(m_batchMutex);
         if (!m_batch)
             m_batch = fresh = std::make_shared<Batch>();
-        m_batch->records += record;
+        m_batch->records.push_back(std::move(record));
     }
     if (fresh)
         postJournal(fresh);
@@ -81,14 +84,15 @@ void HistoryStore::append(const QByteArray& record) {
 /// One write and one sync for all records that come in while the disk is busy.
 void HistoryStore::postJournal(const std::shared_ptr<Batch>& batch) {
     m_disk.post([this, batch] {
-        QByteArray records;
         {
             const std::lock_guard lock(m_batchMutex);
-            records = std::move(batch->records);
             if (m_batch == batch)
                 m_batch.reset();
         }
-        if (const auto error = HistoryJournal::append(m_journalFile, records))
+        QByteArray bytes;
+        for (const Record& record : batch->records)
+            bytes += record();
+        if (const auto error = HistoryJournal::append(m_journalFile, bytes))
             backOnMain([this, message = error->message] { report(message); });
     });
 }

@@ -8,7 +8,9 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace quorvel {
 
@@ -48,14 +50,16 @@ signals:
     void saveProblemChanged();
 
 private:
+    /// Made on the disk thread: encoding a picture takes a while.
+    using Record = std::function<QByteArray()>;
     struct Batch {
-        QByteArray records;
+        std::vector<Record> records;
     };
 
     QByteArray readOrSetAside(const QString& path);
     void setAside(const QString& path, const QString& reason);
     bool retrySettingAside();
-    void append(const QByteArray& record);
+    void append(Record record);
     void postJournal(const std::shared_ptr<Batch>& batch);
     void postWrite();
     void report(const QString& problem);

@@ -33,5 +33,10 @@ struct RecentClipboardEntry {
 /// What makes two clips the same one: "image:" and the lower-case hexadecimal SHA-256 of the PNG
 /// for a picture, the text otherwise.
 QString identityKey(const QString& text, const QByteArray& imagePNGData);
+QString identityKey(const RecentClipboardEntry& entry);
+
+/// Whether the entry has the identity of this content, without computing a digest.
+bool isSameClip(const RecentClipboardEntry& entry, const QString& text,
+                const QByteArray& imagePNGData);
 
 } // namespace quorvel

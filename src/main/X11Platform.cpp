@@ -1,0 +1,55 @@
+#include "main/X11Platform.h"
+
+#include "platform/desktop/DesktopFiles.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11HotKeyCenter.h"
+#include "platform/x11/X11KeyPoster.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11TrayWatcher.h"
+#include "platform/x11/X11Workspace.h"
+#include "ui/Icons.h"
+#include "ui/NativeMenu.h"
+#include "ui/QtDesktop.h"
+#include "ui/TrayIcon.h"
+
+namespace quorvel {
+
+struct X11Platform::Parts {
+    Parts(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
+          const StringTable& strings)
+        : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
+        , workspace(connection, desktopFiles)
+        , hotKeys(connection.root())
+        , keyPoster(connection, mainQueue, hotKeys, [this] { pasteboard.offerAsPrimary(); })
+        , menu(icons)
+        , trayIcon(icons, strings, trayWatcher) {}
+
+    X11Pasteboard pasteboard; // first: from here on no copy is missed
+    X11Connection connection;
+    DesktopFiles desktopFiles;
+    X11Workspace workspace;
+    X11HotKeyCenter hotKeys;
+    X11KeyPoster keyPoster;
+    Icons icons;
+    NativeMenu menu;
+    X11TrayWatcher trayWatcher;
+    TrayIcon trayIcon;
+    QtDesktop desktop;
+};
+
+X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
+                         const StringTable& strings)
+    : m_parts(std::make_unique<Parts>(clock, mainQueue, background, strings)) {
+    connect(&m_parts->pasteboard, &X11Pasteboard::connectionLost, this, &X11Platform::displayLost);
+}
+
+X11Platform::~X11Platform() = default;
+
+Adapters X11Platform::adapters() {
+    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
+            m_parts->hotKeys,      m_parts->trayIcon,   m_parts->menu,      m_parts->desktop};
+}
+
+void X11Platform::warmUp() { m_parts->desktopFiles.preload(); }
+
+} // namespace quorvel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/Adapters.h"
+#include "foundation/BackgroundQueue.h"
+#include "foundation/Clock.h"
+#include "foundation/MainQueue.h"
+#include "foundation/StringTable.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace quorvel {
+
+/// Every adapter for a session on X11. Needs the application object.
+class X11Platform final : public QObject {
+    Q_OBJECT
+
+public:
+    X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
+                const StringTable& strings);
+    ~X11Platform() override;
+
+    Adapters adapters();
+
+    /// Work that the first use would wait for otherwise; called when the program is up.
+    void warmUp();
+
+signals:
+    void displayLost();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace quorvel
