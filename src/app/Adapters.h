@@ -5,7 +5,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
-#include "platform/StatusItem.h"
+#include "platform/TrayIcon.h"
 #include "platform/Workspace.h"
 
 namespace quorvel {
@@ -17,7 +17,7 @@ struct Adapters {
     Workspace& workspace;
     KeyPoster& keyPoster;
     HotKeyCenter& hotKeys;
-    StatusItem& statusItem;
+    TrayIcon& statusItem;
     MenuRenderer& menu;
     Desktop& desktop;
 };

@@ -104,15 +104,16 @@ void AppDelegate::logAccessibilityTrust() const {
 }
 
 void AppDelegate::wireMenu() {
-    connect(&m_adapters.statusItem, &StatusItem::activated, this,
+    connect(&m_adapters.statusItem, &TrayIcon::activated, this,
             [this] { m_menu.toggle(MenuVariant::main); });
-    connect(&m_adapters.statusItem, &StatusItem::settingsRequested, this,
+    connect(&m_adapters.statusItem, &TrayIcon::settingsRequested, this,
             &AppDelegate::openGeneralSettings);
-    connect(&m_adapters.statusItem, &StatusItem::quitRequested, this, &AppDelegate::quitRequested);
+    connect(&m_adapters.statusItem, &TrayIcon::quitRequested, this, &AppDelegate::quitRequested);
     connect(&m_hotKeys, &GlobalHotKeys::pressed, this, [this](HotKeyId id) {
         if (id == HotKeyId::openMenu)
             m_menu.toggle(MenuVariant::pasteHotKey);
     });
+    connect(&m_hotKeys, &GlobalHotKeys::registered, this, &AppDelegate::setClosingKey);
     connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
     connect(&m_menu, &StatusMenuController::openGeneralSettingsChosen, this,
             &AppDelegate::openGeneralSettings);
@@ -127,11 +128,12 @@ void AppDelegate::wirePaste() {
     connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
+        const QStringList sentences{
+            strings.text(QStringLiteral("error.pastePermission.messagePrefix")),
+            strings.text(QStringLiteral("error.pastePermission.needsAccessibility")),
+            strings.text(QStringLiteral("error.pastePermission.messageSuffix"))};
         m_adapters.desktop.showMessage(
-            strings.text(QStringLiteral("error.pastePermission.title")),
-            strings.text(QStringLiteral("error.pastePermission.messagePrefix")) +
-                strings.text(QStringLiteral("error.pastePermission.needsAccessibility")) +
-                strings.text(QStringLiteral("error.pastePermission.messageSuffix")));
+            strings.text(QStringLiteral("error.pastePermission.title")), sentences.join(u' '));
     });
 }
 
@@ -166,6 +168,13 @@ void AppDelegate::reportPost(PostOutcome outcome) {
     const StringTable& strings = m_environment.strings;
     m_adapters.statusItem.notify(strings.text(QStringLiteral("paste.notDelivered.title")),
                                  strings.text(QStringLiteral("paste.notDelivered.message")));
+}
+
+void AppDelegate::setClosingKey() {
+    for (const HotKeyState& state : m_hotKeys.states())
+        if (state.id == HotKeyId::openMenu && state.result == HotKeyState::Result::bound)
+            return m_adapters.menu.setClosingKey(state.position, state.shortcut.modifiers());
+    m_adapters.menu.setClosingKey(0, {});
 }
 
 void AppDelegate::reportSaveProblem() { m_menu.setSaveProblem(m_historyStore.saveProblem()); }

@@ -62,6 +62,7 @@ private:
     void openGeneralSettings();
     void reportPost(PostOutcome outcome);
     void reportSaveProblem();
+    void setClosingKey();
 
     Environment m_environment;
     Adapters m_adapters;

@@ -12,19 +12,19 @@ namespace {
 
 /// Blocked in every thread, so that they arrive at the descriptor only.
 sigset_t blockedSignals() {
-    sigset_t signals;
-    sigemptyset(&signals);
+    sigset_t wanted;
+    sigemptyset(&wanted);
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
-        sigaddset(&signals, number);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    return signals;
+        sigaddset(&wanted, number);
+    pthread_sigmask(SIG_BLOCK, &wanted, nullptr);
+    return wanted;
 }
 
 } // namespace
 
 SignalWatcher::SignalWatcher() {
-    const sigset_t signals = blockedSignals();
-    m_file = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+    const sigset_t wanted = blockedSignals();
+    m_file = signalfd(-1, &wanted, SFD_CLOEXEC | SFD_NONBLOCK);
     m_notifier = new QSocketNotifier(m_file, QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] {
         signalfd_siginfo information{};

@@ -10,7 +10,7 @@
 #include "ui/Icons.h"
 #include "ui/NativeMenu.h"
 #include "ui/QtDesktop.h"
-#include "ui/TrayIcon.h"
+#include "ui/StatusItem.h"
 
 namespace quorvel {
 
@@ -21,8 +21,13 @@ struct X11Platform::Parts {
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
         , keyPoster(connection, mainQueue, hotKeys, [this] { pasteboard.offerAsPrimary(); })
-        , menu(icons)
-        , trayIcon(icons, strings, trayWatcher) {}
+        , menu(icons, strings)
+        , statusItem(strings, icons.application()) {
+        menu.setKeyPositions(hotKeys);
+        connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
+                &StatusItem::setEmbedderPresent);
+        trayWatcher.start();
+    }
 
     X11Pasteboard pasteboard; // first: from here on no copy is missed
     X11Connection connection;
@@ -33,7 +38,7 @@ struct X11Platform::Parts {
     Icons icons;
     NativeMenu menu;
     X11TrayWatcher trayWatcher;
-    TrayIcon trayIcon;
+    StatusItem statusItem;
     QtDesktop desktop;
 };
 
@@ -47,7 +52,7 @@ X11Platform::~X11Platform() = default;
 
 Adapters X11Platform::adapters() {
     return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
-            m_parts->hotKeys,      m_parts->trayIcon,   m_parts->menu,      m_parts->desktop};
+            m_parts->hotKeys,      m_parts->statusItem,   m_parts->menu,      m_parts->desktop};
 }
 
 void X11Platform::warmUp() { m_parts->desktopFiles.preload(); }

@@ -32,6 +32,10 @@ public:
 
     virtual bool isOpen() const = 0;
 
+    /// The hot key that opens the menu, by the platform's number of its key: while the menu is
+    /// open it does not work as a hot key and has to close it. 0 for none.
+    virtual void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) = 0;
+
     /// Modifier keys held now.
     virtual Modifiers currentModifiers() const = 0;
 

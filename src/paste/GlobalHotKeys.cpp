@@ -36,6 +36,7 @@ void GlobalHotKeys::registerAll() {
     m_active = true;
     for (const Entry& entry : table)
         registerOne(entry.key, entry.id);
+    emit registered();
 }
 
 void GlobalHotKeys::unregisterAll() {
@@ -47,24 +48,22 @@ void GlobalHotKeys::unregisterAll() {
 
 void GlobalHotKeys::registerOne(const keys::HotKey& key, HotKeyId id) {
     using Result = HotKeyState::Result;
-    const SnippetShortcut shortcut = m_preferences.hotKey(key);
-    const QString name = QString::fromLatin1(key.name);
-    const auto position = m_center.positionFor(shortcut.key.front());
-    if (!position) {
-        m_states.append({name, shortcut, Result::noSuchKey, 0});
+    HotKeyState& state = m_states.emplace_back(
+        HotKeyState{id, QString::fromLatin1(key.name), m_preferences.hotKey(key)});
+    const auto position = m_center.positionFor(state.shortcut.key.front());
+    if (!position)
         return;
-    }
+    state.position = *position;
     const auto registration =
-        m_center.registerHotKey(*position, shortcut.modifiers(), quint32(id));
-    if (registration.status == 0) {
+        m_center.registerHotKey(*position, state.shortcut.modifiers(), quint32(id));
+    state.status = registration.status;
+    state.result = registration.status == 0 ? Result::bound : Result::taken;
+    if (state.result == Result::bound)
         m_hotKeyRefs.append(registration.reference);
-        m_states.append({name, shortcut, Result::bound, 0});
-        return;
-    }
-    m_states.append({name, shortcut, Result::taken, registration.status});
-    logLine(QStringLiteral("[Quorvel HotKey] registration failed id=%1 status=%2")
-                .arg(quint32(id))
-                .arg(registration.status));
+    else
+        logLine(QStringLiteral("[Quorvel HotKey] registration failed id=%1 status=%2")
+                    .arg(quint32(id))
+                    .arg(registration.status));
 }
 
 void GlobalHotKeys::preferenceChanged(const QString& key) {

@@ -17,10 +17,12 @@ enum class HotKeyId : quint32 {
 struct HotKeyState {
     enum class Result { bound, taken, noSuchKey };
 
+    HotKeyId id;
     QString name; ///< Its preference key.
     SnippetShortcut shortcut;
-    Result result;
-    int status; ///< The platform's error number when it is taken.
+    KeyPosition position = 0;
+    Result result = Result::noSuchKey;
+    int status = 0; ///< The platform's error number when it is taken.
 };
 
 /// Registers the hot keys with their stored shortcuts and tells which was pressed. Registered anew
@@ -38,6 +40,9 @@ public:
     const QList<HotKeyState>& states() const { return m_states; }
 
 signals:
+    /// The states are new: after every registration.
+    void registered();
+
     void pressed(quorvel::HotKeyId id);
 
 private:

@@ -135,6 +135,7 @@ TEST_F(AppDelegateTest, TheMenuPastesAndTheFooterActs) {
     EXPECT_EQ(program.keyPoster.posts().size(), 1);
 
     EXPECT_TRUE(program.hotKeys.press('v', Modifier::command | Modifier::shift));
+    EXPECT_EQ(program.menu.closingKey, quint32('v'));
     ASSERT_TRUE(program.menu.isOpen());
     program.menu.choose(program.menu.tree.last());
     EXPECT_EQ(program.desktop.openedFiles, QStringList(program.paths.preferencesFile));

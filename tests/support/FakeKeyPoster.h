@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/MainQueue.h"
 #include "platform/KeyPoster.h"
 
 #include <QList>
@@ -13,16 +14,24 @@ public:
     void setOutcome(PostOutcome outcome) { m_outcome = outcome; }
     const QList<std::optional<FocusTarget>>& posts() const { return m_posts; }
 
+    /// Answers from the main loop, as the real ones do, instead of at once.
+    void answerThrough(MainQueue& queue) { m_queue = &queue; }
+
     bool isTrusted() const override { return m_trusted; }
     void postPaste(const std::optional<FocusTarget>& target, Done done) override {
         m_posts.append(target);
-        done(m_trusted ? m_outcome : PostOutcome::unavailable);
+        const PostOutcome outcome = m_trusted ? m_outcome : PostOutcome::unavailable;
+        if (!m_queue)
+            return done(outcome);
+        m_queue->after(MainQueue::Milliseconds(0), &m_receiver, [done, outcome] { done(outcome); });
     }
 
 private:
     bool m_trusted = true;
     PostOutcome m_outcome = PostOutcome::posted;
     QList<std::optional<FocusTarget>> m_posts;
+    MainQueue* m_queue = nullptr;
+    QObject m_receiver;
 };
 
 } // namespace quorvel

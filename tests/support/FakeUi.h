@@ -2,7 +2,7 @@
 
 #include "menu/MenuRenderer.h"
 #include "platform/Desktop.h"
-#include "platform/StatusItem.h"
+#include "platform/TrayIcon.h"
 
 #include <QStringList>
 
@@ -21,6 +21,7 @@ public:
             emit closed();
     }
     bool isOpen() const override { return m_open; }
+    void setClosingKey(quint32 key, Modifiers) override { closingKey = key; }
     Modifiers currentModifiers() const override { return {}; }
 
     /// What a click on an item does: the menu goes, then the choice is told.
@@ -31,12 +32,13 @@ public:
     }
 
     QList<MenuItem> tree;
+    quint32 closingKey = 0;
 
 private:
     bool m_open = false;
 };
 
-class FakeStatusItem final : public StatusItem {
+class FakeStatusItem final : public TrayIcon {
 public:
     void show(const QString& toolTip) override { shownToolTip = toolTip; }
     QString state() const override { return QStringLiteral("xembed"); }

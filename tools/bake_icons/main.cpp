@@ -2,10 +2,10 @@
 /// Usage: bake_icons mask|colour DRAWING.svg OUTPUT_PREFIX PIXELS...
 /// Writes OUTPUT_PREFIX-PIXELS.png: a mask keeps only how opaque each pixel is, as a shade of grey.
 
-#include <QFile>
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
+#include <QStringList>
 #include <QSvgRenderer>
 
 #include <cstdio>
@@ -35,7 +35,7 @@ int fail(const QString& message) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QGuiApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments().mid(1);
     const QStringList kinds{QStringLiteral("mask"), QStringLiteral("colour")};
     if (arguments.size() < 4 || !kinds.contains(arguments[0]))

@@ -6,7 +6,7 @@
 namespace quorvel {
 
 /// The program's icon beside the clock. Main thread only.
-class StatusItem : public QObject {
+class TrayIcon : public QObject {
     Q_OBJECT
 
 public:

@@ -1,0 +1,111 @@
+#include "platform/x11/X11KeyPoster.h"
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+namespace quorvel {
+
+namespace {
+
+using Steady = std::chrono::steady_clock;
+
+constexpr xcb_keycode_t usualInsertKey = 118;
+constexpr xcb_keycode_t usualPasteKey = 55;
+
+} // namespace
+
+struct X11KeyPoster::Job {
+    std::optional<FocusTarget> target;
+    Done done;
+    Steady::time_point focusEnd;
+    std::optional<X11KeyTables> tables = {}; ///< These two are set when the focus is right.
+    Steady::time_point releaseEnd = {};
+};
+
+X11KeyPoster::X11KeyPoster(X11Connection& connection, MainQueue& queue, HotKeyGuard& hotKeys,
+                           OfferPrimary offerPrimary, KeyPostLimits limits)
+    : m_connection(connection)
+    , m_queue(queue)
+    , m_hotKeys(hotKeys)
+    , m_offerPrimary(std::move(offerPrimary))
+    , m_limits(limits)
+    , m_windows(connection)
+    , m_keys(connection) {}
+
+bool X11KeyPoster::isTrusted() const {
+    return m_keys.isAvailable();
+}
+
+void X11KeyPoster::postPaste(const std::optional<FocusTarget>& target, Done done) {
+    advance(std::make_shared<Job>(Job{target, std::move(done), Steady::now() + m_limits.focus}));
+}
+
+void X11KeyPoster::advance(const JobHandle& job) {
+    const auto now = Steady::now();
+    const auto focus = rightFocus(*job);
+    if (!isTrusted() || (focus && !prepare(*job)))
+        finish(job, PostOutcome::unavailable);
+    else if (!focus && now >= job->focusEnd)
+        finish(job, PostOutcome::focusElsewhere);
+    else if (!focus || (userHoldsKeys(*job->tables) && now < job->releaseEnd))
+        waitOn(job);
+    else if (post(*job, *focus))
+        finish(job, PostOutcome::posted);
+    else
+        waitOn(job);
+}
+
+bool X11KeyPoster::prepare(Job& job) {
+    if (!job.tables) {
+        job.releaseEnd = Steady::now() + m_limits.release;
+        job.tables = X11KeyTables::read(m_connection.xcb());
+        m_connection.keepArrivedEvents();
+    }
+    return job.tables.has_value();
+}
+
+void X11KeyPoster::waitOn(const JobHandle& job) {
+    m_queue.after(m_limits.interval, &m_receiver, [this, job] { advance(job); });
+}
+
+void X11KeyPoster::finish(const JobHandle& job, PostOutcome outcome) {
+    using std::chrono_literals::operator""ms;
+    m_queue.after(0ms, &m_receiver, [job, outcome] { job->done(outcome); });
+}
+
+std::optional<xcb_window_t> X11KeyPoster::rightFocus(const Job& job) const {
+    const xcb_window_t focus = m_windows.inputFocus();
+    if (focus == XCB_WINDOW_NONE)
+        return std::nullopt;
+    const auto& target = job.target;
+    const bool right = !target || m_windows.holdsFocus(xcb_window_t(target->window),
+                                                       xcb_window_t(target->element), focus);
+    return right ? std::optional(focus) : std::nullopt;
+}
+
+bool X11KeyPoster::userHoldsKeys(const X11KeyTables& tables) const {
+    return m_hotKeys.heldKey() || !m_keys.heldAmong(tables.heldModifierKeys()).isEmpty();
+}
+
+bool X11KeyPoster::post(const Job& job, xcb_window_t focus) {
+    const X11KeyTables& tables = *job.tables;
+    const WindowClass windowClass = m_windows.classOf(m_windows.topWindow(focus));
+    const PasteChord chord = pasteChordFor(windowClass);
+    if (chord.needsPrimary)
+        m_offerPrimary();
+    const KeyStroke stroke = {keyOf(chord, tables), tables.keysOf(chord.modifiers)};
+    QList<xcb_keycode_t> otherKeys = {stroke.key};
+    if (const auto held = m_hotKeys.heldKey())
+        otherKeys.append(*held);
+    m_hotKeys.standAside(stroke.key, tables.maskFor(chord.modifiers).value_or(0));
+    const bool posted = m_keys.post(stroke, tables.heldModifierKeys(), otherKeys,
+                                    [&] { return rightFocus(job) == focus; });
+    m_hotKeys.standBack();
+    return posted;
+}
+
+xcb_keycode_t X11KeyPoster::keyOf(const PasteChord& chord, const X11KeyTables& tables) {
+    const bool insert = chord.key == XKB_KEY_Insert;
+    return tables.keyForSymbol(chord.key).value_or(insert ? usualInsertKey : usualPasteKey);
+}
+
+} // namespace quorvel

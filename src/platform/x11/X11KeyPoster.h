@@ -1,0 +1,60 @@
+#pragma once
+
+#include "foundation/MainQueue.h"
+#include "platform/KeyPoster.h"
+#include "platform/x11/HotKeyGuard.h"
+#include "platform/x11/PasteChords.h"
+#include "platform/x11/X11KeyTables.h"
+#include "platform/x11/X11SyntheticKeys.h"
+
+#include <QObject>
+
+#include <chrono>
+
+namespace quorvel {
+
+/// How long a paste may wait for what.
+struct KeyPostLimits {
+    std::chrono::milliseconds interval{2};  ///< Between two looks at the focus and the keys.
+    std::chrono::milliseconds focus{500};   ///< For the target to get the focus.
+    std::chrono::milliseconds release{200}; ///< For the user to let go of the keyboard.
+};
+
+/// Posts the paste keys through the server's test extension.
+class X11KeyPoster final : public KeyPoster {
+public:
+    using OfferPrimary = std::function<void()>;
+
+    /// `offerPrimary` makes the PRIMARY selection offer what is on the clipboard; it is called
+    /// before keys are posted to a program that pastes from there.
+    X11KeyPoster(X11Connection& connection, MainQueue& queue, HotKeyGuard& hotKeys,
+                 OfferPrimary offerPrimary, KeyPostLimits limits = {});
+
+    bool isTrusted() const override;
+    void postPaste(const std::optional<FocusTarget>& target, Done done) override;
+
+private:
+    struct Job;
+    using JobHandle = std::shared_ptr<Job>;
+
+    void advance(const JobHandle& job);
+    void waitOn(const JobHandle& job);
+    void finish(const JobHandle& job, PostOutcome outcome);
+
+    std::optional<xcb_window_t> rightFocus(const Job& job) const;
+    bool userHoldsKeys(const X11KeyTables& tables) const;
+    bool prepare(Job& job);
+    bool post(const Job& job, xcb_window_t focus);
+    static xcb_keycode_t keyOf(const PasteChord& chord, const X11KeyTables& tables);
+
+    X11Connection& m_connection;
+    MainQueue& m_queue;
+    HotKeyGuard& m_hotKeys;
+    const OfferPrimary m_offerPrimary;
+    const KeyPostLimits m_limits;
+    const X11Windows m_windows;
+    X11SyntheticKeys m_keys;
+    QObject m_receiver; ///< Ends the waiting with us.
+};
+
+} // namespace quorvel

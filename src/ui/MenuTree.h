@@ -1,0 +1,22 @@
+#pragma once
+
+#include "menu/MenuItem.h"
+
+#include <functional>
+#include <optional>
+
+namespace quorvel {
+
+/// The first enabled ordinary item, at any depth, for which `matches` holds. A submenu's own row
+/// cannot be chosen and is left out.
+std::optional<MenuItem> findItem(const QList<MenuItem>& items,
+                                 const std::function<bool(const MenuItem&)>& matches);
+
+/// Gives the submenu of this identifier its items, at any depth; false when there is none.
+bool fillSubmenuItem(QList<MenuItem>& items, const QString& identifier,
+                     const QList<MenuItem>& content);
+
+/// Whether both stand for the same thing, whatever they look like.
+bool isSameItem(const MenuItem& a, const MenuItem& b);
+
+} // namespace quorvel

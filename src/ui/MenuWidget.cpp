@@ -1,0 +1,265 @@
+#include "ui/MenuWidget.h"
+
+#include "ui/MenuStyle.h"
+#include "ui/MenuText.h"
+#include "ui/MenuTree.h"
+
+#include <QActionEvent>
+#include <QHelpEvent>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QStyleOptionMenuItem>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+const QList<MenuItem>& placeholder() {
+    static const QList<MenuItem> items{MenuItem::disabled(QStringLiteral("\u2026"))};
+    return items;
+}
+
+QFont captionFont(QFont font) {
+    constexpr qreal share = 0.86;
+    if (font.pointSizeF() > 0)
+        font.setPointSizeF(font.pointSizeF() * share);
+    else
+        font.setPixelSize(qRound(font.pixelSize() * share));
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QRect movedInto(const QRect& limits, QRect place) {
+    place.setHeight(std::min(place.height(), limits.height()));
+    place.moveLeft(std::clamp(place.left(), limits.left(),
+                              std::max(limits.left(), limits.right() - place.width() + 1)));
+    place.moveTop(std::clamp(place.top(), limits.top(),
+                             std::max(limits.top(), limits.bottom() - place.height() + 1)));
+    return place;
+}
+
+} // namespace
+
+MenuWidget::MenuWidget(const MenuContext& context, QStyle* style, QWidget* parent)
+    : QMenu(parent)
+    , m_context(context) {
+    setStyle(style);
+}
+
+void MenuWidget::setItems(const QList<MenuItem>& items) {
+    const QRect before = geometry();
+    const QAction* highlighted = activeAction();
+    const MenuItem highlightedItem = highlighted ? rowOf(*highlighted).item : MenuItem{};
+    {
+        const QScopedValueRollback filling(m_isFilling, true);
+        m_hasIcons = false;
+        while (m_rows.size() < size_t(items.size()))
+            addRow();
+        for (size_t index = 0; index < size_t(items.size()); ++index)
+            fill(index, items[qsizetype(index)]);
+        std::for_each(m_rows.begin() + items.size(), m_rows.end(), [this](Row& row) { empty(row); });
+    }
+    layOutAgain(before);
+    if (highlighted && isVisible())
+        highlightAgain(highlightedItem, highlighted);
+}
+
+void MenuWidget::fillSubmenu(const QString& identifier, const QList<MenuItem>& items) {
+    for (size_t index = 0; index < m_rows.size(); ++index) {
+        Row& row = m_rows[index];
+        const bool isMeant = row.item.identifier == identifier;
+        if (isMeant)
+            row.item.submenu = items;
+        else if (!fillSubmenuItem(row.item.submenu, identifier, items))
+            continue;
+        if (row.submenu && row.submenu->isVisible())
+            isMeant ? row.submenu->setItems(items) : row.submenu->fillSubmenu(identifier, items);
+        return;
+    }
+}
+
+void MenuWidget::release() {
+    const QScopedValueRollback filling(m_isFilling, true);
+    for (Row& row : m_rows) {
+        empty(row);
+        if (row.submenu)
+            row.submenu->deleteLater();
+        row.submenu = nullptr;
+    }
+}
+
+void MenuWidget::popUpAt(QPoint pointer) {
+    m_awaitsFirstPaint = true;
+    popup(pointer);
+    m_growsUpwards = geometry().center().y() < pointer.y();
+    // A click beside the menu only closes it: without this, a click on our tray icon would close
+    // the menu and open it again.
+    setAttribute(Qt::WA_NoMouseReplay);
+}
+
+void MenuWidget::refreshPictures() {
+    const QScopedValueRollback filling(m_isFilling, true);
+    for (const Row& row : m_rows) {
+        if (!row.item.imagePNGData.isEmpty())
+            row.action->setIcon(m_context.icon(row.item));
+        if (row.submenu)
+            row.submenu->refreshPictures();
+    }
+    update();
+}
+
+std::optional<MenuItem>
+MenuWidget::find(const std::function<bool(const MenuItem&)>& matches) const {
+    for (const Row& row : m_rows) {
+        if (auto found = findItem({row.item}, matches))
+            return found;
+    }
+    return std::nullopt;
+}
+
+void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
+    QMenu::initStyleOption(option, action);
+    option->maxIconWidth = m_hasIcons ? MenuStyle::iconColumn : 0;
+    if (rowOf(*action).item.kind == MenuItemKind::header)
+        option->state |= MenuStyle::captionState;
+}
+
+/// Each change of a row would lay out the whole menu; while filling, one layout follows at the end.
+void MenuWidget::actionEvent(QActionEvent* event) {
+    if (!m_isFilling || event->type() != QEvent::ActionChanged)
+        QMenu::actionEvent(event);
+}
+
+void MenuWidget::keyPressEvent(QKeyEvent* event) {
+    if (!m_context.takesKey(*event))
+        QMenu::keyPressEvent(event);
+}
+
+void MenuWidget::paintEvent(QPaintEvent* event) {
+    QMenu::paintEvent(event);
+    if (!std::exchange(m_awaitsFirstPaint, false))
+        return;
+    QMetaObject::invokeMethod(this, &MenuWidget::painted, Qt::QueuedConnection);
+}
+
+bool MenuWidget::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QMenu::event(event);
+    showToolTip(*static_cast<QHelpEvent*>(event));
+    return true;
+}
+
+void MenuWidget::addRow() {
+    const size_t index = m_rows.size();
+    auto* action = new QAction(this);
+    action->setData(qulonglong(index));
+    action->setIconVisibleInMenu(true);
+    connect(action, &QAction::triggered, this, [this, index] { m_context.chosen(m_rows[index].item); });
+    m_rows.push_back({.action = action});
+    addAction(action);
+}
+
+void MenuWidget::fill(size_t index, const MenuItem& item) {
+    Row& row = m_rows[index];
+    const bool wasSame = isSameItem(row.item, item);
+    row.item = item;
+    const bool isHeader = item.kind == MenuItemKind::header;
+    const QFont font = isHeader ? captionFont(this->font()) : QFont();
+    const QString keys = m_context.keyText(item.keyEquivalent);
+    const QString title = menuTitle(item.title, fontMetrics(), MenuStyle::mostTitleWidth);
+    row.action->setText(keys.isEmpty() ? title : title + QLatin1Char('\t') + keys);
+    row.action->setFont(font);
+    row.action->setEnabled(item.enabled);
+    row.action->setSeparator(item.kind == MenuItemKind::separator);
+    row.action->setIcon(m_context.icon(item));
+    row.action->setVisible(true);
+    m_hasIcons = m_hasIcons || !row.action->icon().isNull();
+    if (item.hasSubmenu())
+        attachSubmenu(index);
+    else
+        row.action->setMenu(static_cast<QMenu*>(nullptr));
+    refreshOpenSubmenu(index, wasSame);
+}
+
+void MenuWidget::empty(Row& row) {
+    if (row.submenu)
+        row.submenu->hide();
+    row.item = {};
+    row.action->setMenu(static_cast<QMenu*>(nullptr));
+    row.action->setIcon({});
+    row.action->setText({});
+    row.action->setVisible(false);
+}
+
+void MenuWidget::attachSubmenu(size_t index) {
+    Row& row = m_rows[index];
+    if (!row.submenu) {
+        row.submenu = new MenuWidget(m_context, style(), this);
+        connect(row.submenu, &QMenu::aboutToShow, this, [this, index] { showSubmenuItems(index); });
+    }
+    row.action->setMenu(row.submenu);
+}
+
+/// Whoever fills a lazy submenu may do so at once or later.
+void MenuWidget::showSubmenuItems(size_t index) {
+    if (m_rows[index].item.isLazy())
+        m_context.submenuOpening(m_rows[index].item.identifier);
+    const Row& row = m_rows[index];
+    row.submenu->setItems(row.item.submenu.isEmpty() ? placeholder() : row.item.submenu);
+}
+
+void MenuWidget::refreshOpenSubmenu(size_t index, bool isSameItem) {
+    const Row& row = m_rows[index];
+    if (!row.submenu || !row.submenu->isVisible())
+        return;
+    if (!isSameItem || !row.item.hasSubmenu())
+        row.submenu->hide();
+    else if (!row.item.submenu.isEmpty())
+        row.submenu->setItems(row.item.submenu);
+    else // What it shows stays until it is filled anew.
+        m_context.submenuOpening(row.item.identifier);
+}
+
+/// An open menu grows away from the pointer where it was opened.
+void MenuWidget::layOutAgain(const QRect& before) {
+    if (m_rows.empty())
+        return;
+    QActionEvent changed(QEvent::ActionChanged, m_rows.front().action);
+    QMenu::actionEvent(&changed);
+    if (!isVisible())
+        return;
+    QRect place = geometry();
+    if (m_growsUpwards)
+        place.moveBottom(before.bottom());
+    setGeometry(movedInto(screen()->availableGeometry(), place));
+}
+
+void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
+    const auto same = std::find_if(m_rows.begin(), m_rows.end(),
+                                   [&](const Row& row) { return isSameItem(row.item, item); });
+    if (same != m_rows.end() && same->action->isEnabled()) {
+        if (same->action != previous)
+            setActiveAction(same->action);
+    } else if (rowOf(*previous).item.kind != MenuItemKind::ordinary || !previous->isEnabled() ||
+               !previous->isVisible()) {
+        setActiveAction(nullptr);
+    }
+}
+
+void MenuWidget::showToolTip(const QHelpEvent& help) {
+    const QAction* action = actionAt(help.pos());
+    const QString text = action ? toolTipMarkup(rowOf(*action).item.toolTip) : QString();
+    if (text.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help.globalPos(), text, this, actionGeometry(const_cast<QAction*>(action)));
+}
+
+const MenuWidget::Row& MenuWidget::rowOf(const QAction& action) const {
+    return m_rows[size_t(action.data().toULongLong())];
+}
+
+} // namespace quorvel

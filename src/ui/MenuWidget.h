@@ -1,0 +1,87 @@
+#pragma once
+
+#include "menu/MenuItem.h"
+
+#include <QMenu>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QHelpEvent;
+
+namespace quorvel {
+
+/// What all menus of one tree share.
+struct MenuContext {
+    std::function<QIcon(const MenuItem&)> icon;
+    std::function<QString(const KeyEquivalent&)> keyText;
+    std::function<bool(const QKeyEvent&)> takesKey; ///< Whether the press was dealt with.
+    std::function<void(const MenuItem&)> chosen;
+    std::function<void(const QString&)> submenuOpening;
+};
+
+/// One menu window that shows menu items. Its rows are kept and filled anew, so that opening costs
+/// little and nothing grows; submenus and tool tips are only made when they are looked at.
+class MenuWidget final : public QMenu {
+    Q_OBJECT
+
+public:
+    MenuWidget(const MenuContext& context, QStyle* style, QWidget* parent = nullptr);
+
+    /// Shows these items. An open menu stays open, on the screen, with the same item highlighted;
+    /// an open submenu stays open when its item keeps its place.
+    void setItems(const QList<MenuItem>& items);
+
+    /// Gives a lazy submenu its items; nothing when there is none of this identifier.
+    void fillSubmenu(const QString& identifier, const QList<MenuItem>& items);
+
+    /// Forgets all items and submenus. Only while closed.
+    void release();
+
+    void popUpAt(QPoint pointer);
+
+    /// Asks again for the icons of the rows that show pictures.
+    void refreshPictures();
+
+    /// The enabled item, here or in a submenu, for which `matches` holds.
+    std::optional<MenuItem> find(const std::function<bool(const MenuItem&)>& matches) const;
+
+signals:
+    /// The first frame since `popUpAt` is on the screen.
+    void painted();
+
+protected:
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
+    void actionEvent(QActionEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    struct Row {
+        QAction* action = nullptr;
+        MenuWidget* submenu = nullptr;
+        MenuItem item;
+    };
+
+    void addRow();
+    void fill(size_t index, const MenuItem& item);
+    void empty(Row& row);
+    void attachSubmenu(size_t index);
+    void showSubmenuItems(size_t index);
+    void refreshOpenSubmenu(size_t index, bool isSameItem);
+    void layOutAgain(const QRect& before);
+    void highlightAgain(const MenuItem& item, const QAction* previous);
+    void showToolTip(const QHelpEvent& help);
+    const Row& rowOf(const QAction& action) const;
+
+    const MenuContext& m_context;
+    std::vector<Row> m_rows;
+    bool m_hasIcons = false;
+    bool m_isFilling = false;
+    bool m_growsUpwards = false;
+    bool m_awaitsFirstPaint = false;
+};
+
+} // namespace quorvel

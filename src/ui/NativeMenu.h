@@ -1,0 +1,66 @@
+#pragma once
+
+#include "menu/MenuRenderer.h"
+#include "platform/HotKeyCenter.h"
+#include "ui/MenuStyle.h"
+#include "ui/MenuWidget.h"
+#include "ui/Thumbnails.h"
+
+#include <QTimer>
+
+#include <optional>
+
+namespace quorvel {
+
+class Icons;
+class StringTable;
+
+/// The menu as the toolkit's own popup menu. It takes the keyboard by a grab, never the input
+/// focus. When another program keeps the pointer or the keyboard for itself, the menu waits a
+/// moment for them and then closes, so that none is left that cannot be used.
+class NativeMenu final : public MenuRenderer {
+    Q_OBJECT
+
+public:
+    NativeMenu(const Icons& icons, const StringTable& strings);
+
+    /// Lets key equivalents be found by their place on the keyboard, too; `keys` outlives this.
+    void setKeyPositions(const HotKeyCenter& keys);
+
+    /// The hot key that opened the menu; pressed again while the menu is open, it closes it.
+    /// A key code of 0 means none.
+    void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers);
+
+    void open(const QList<MenuItem>& tree) override;
+    void update(const QList<MenuItem>& tree) override;
+    void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;
+    void close() override;
+    bool isOpen() const override;
+    Modifiers currentModifiers() const override;
+
+private:
+    enum class Phase { closed, open, ending };
+
+    MenuContext context(const Icons& icons, const StringTable& strings);
+    bool takesKey(const QKeyEvent& press);
+    bool isClosingKey(const QKeyEvent& press) const;
+    void choose(const MenuItem& item);
+    void menuHidden();
+    void finish();
+    void releaseWhenClosed();
+    void secureGrabs();
+
+    Thumbnails m_thumbnails;
+    MenuStyle m_style;
+    MenuContext m_context;
+    MenuWidget m_menu;
+    const HotKeyCenter* m_keys = nullptr;
+    quint32 m_closingKey = 0;
+    Modifiers m_closingModifiers;
+    Phase m_phase = Phase::closed;
+    std::optional<MenuChoice> m_choice;
+    QTimer m_grabRetry;
+    int m_grabTries = 0;
+};
+
+} // namespace quorvel

@@ -1,0 +1,78 @@
+#include "ui/Thumbnails.h"
+
+#include "ui/ThumbnailDecoder.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPixmap>
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+constexpr qsizetype mostBytesKept = 1'500'000;
+constexpr qsizetype hashedPart = 256 * 1024;
+constexpr int threadLifetimeMilliseconds = 5000;
+
+/// A hairline keeps a white picture apart from a white menu.
+QPixmap framed(QImage picture) {
+    QPainter painter(&picture);
+    painter.setPen(QColor(128, 128, 128, 110));
+    painter.drawRect(QRect(QPoint(0, 0), picture.size() - QSize(1, 1)));
+    painter.end();
+    return QPixmap::fromImage(picture);
+}
+
+} // namespace
+
+Thumbnails::Thumbnails()
+    : m_icons(mostBytesKept) {
+    m_pool.setMaxThreadCount(1);
+    m_pool.setExpiryTimeout(threadLifetimeMilliseconds);
+    m_pool.setThreadPriority(QThread::LowPriority);
+}
+
+Thumbnails::~Thumbnails() {
+    m_pool.clear();
+    m_pool.waitForDone();
+}
+
+QIcon Thumbnails::icon(const QByteArray& png) {
+    const qreal scale = qGuiApp->devicePixelRatio();
+    const Key key = keyOf(png, scale);
+    if (const QIcon* known = m_icons.object(key))
+        return *known;
+    startDecoding(key, png, scale);
+    return {};
+}
+
+Thumbnails::Key Thumbnails::keyOf(const QByteArray& png, qreal scale) {
+    const qsizetype part = std::min(hashedPart, png.size());
+    return {png.size(), qHashBits(png.constData(), part),
+            qHashBits(png.constData() + png.size() - part, part), qRound(scale * 100)};
+}
+
+void Thumbnails::startDecoding(const Key& key, const QByteArray& png, qreal scale) {
+    if (m_underway.contains(key))
+        return;
+    m_underway.insert(key);
+    const QSize box(qRound(mostWidth * scale), qRound(height * scale));
+    m_pool.start([this, key, png, box, scale] {
+        QImage picture = decodeThumbnail(png, box);
+        picture.setDevicePixelRatio(scale);
+        QMetaObject::invokeMethod(
+            this, [this, key, picture] { keep(key, picture); }, Qt::QueuedConnection);
+    });
+}
+
+/// A null icon is kept for what cannot be decoded, so that it is not tried at each opening.
+void Thumbnails::keep(const Key& key, const QImage& picture) {
+    m_underway.remove(key);
+    const QIcon icon = picture.isNull() ? QIcon() : QIcon(framed(picture));
+    m_icons.insert(key, new QIcon(icon), std::max<qsizetype>(picture.sizeInBytes(), 64));
+    emit decoded();
+}
+
+} // namespace quorvel

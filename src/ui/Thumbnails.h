@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QCache>
+#include <QIcon>
+#include <QImage>
+#include <QObject>
+#include <QSet>
+#include <QThreadPool>
+
+namespace quorvel {
+
+/// Small pictures of PNG data for menu rows, decoded once, off the main thread, and kept for later
+/// menus up to a limit of memory. Data that is no picture, or a picture too large to be decoded in
+/// reasonable time, never has one.
+class Thumbnails final : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr int height = 17; ///< Points.
+    static constexpr int mostWidth = 26;
+
+    Thumbnails();
+    ~Thumbnails() override;
+
+    /// The thumbnail when it is there. Otherwise null, decoding starts, and `decoded` follows.
+    QIcon icon(const QByteArray& png);
+
+signals:
+    /// More thumbnails can be had now; emitted for data that cannot be decoded, too.
+    void decoded();
+
+private:
+    /// What tells the data from other data: its size and hashes of its parts.
+    struct Key {
+        qsizetype size = 0;
+        size_t beginning = 0;
+        size_t end = 0;
+        int scale = 0;
+
+        bool operator==(const Key&) const = default;
+    };
+    friend size_t qHash(const Key& key, size_t seed) noexcept {
+        return qHashMulti(seed, key.size, key.beginning, key.end, key.scale);
+    }
+
+    static Key keyOf(const QByteArray& png, qreal scale);
+    void startDecoding(const Key& key, const QByteArray& png, qreal scale);
+    void keep(const Key& key, const QImage& picture);
+
+    QCache<Key, QIcon> m_icons;
+    QSet<Key> m_underway;
+    QThreadPool m_pool;
+};
+
+} // namespace quorvel

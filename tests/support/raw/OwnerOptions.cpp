@@ -1,0 +1,122 @@
+#include "support/raw/OwnerOptions.h"
+
+#include "support/raw/RawDisplay.h"
+
+#include <fstream>
+#include <functional>
+#include <map>
+#include <sstream>
+
+namespace quorvel::raw {
+
+const char* const ownerUsage =
+    R"(Usage: quorvel_raw_owner [OPTION...] [TYPE=BYTES | TYPE=@FILE]...
+Owns a selection and answers requests for it by hand, well or badly.
+  --selection NAME   CLIPBOARD unless told
+  --text BYTES       short for UTF8_STRING=BYTES
+  --secret           adds the hint that this is a secret
+  --targets-only     answers TARGETS, nothing else
+  --silent           never answers
+  --delay MS         waits before each answer
+  --incr BYTES       sends everything in pieces of this size
+  --stall-after N    stops once it has sent N bytes in pieces
+  --burst N          copies the texts "burst 1" to "burst N", a new owner change each
+  --every MS         time between them (5)
+  --burst-text TEXT  instead of "burst"
+  --await-fetch      does not copy the next one before somebody has asked for this one (or 2 s)
+  --clear-after MS   gives up the selection on purpose (as SIGUSR1 does)
+  --exit-after MS    ends (as SIGTERM does)
+Prints "ready" when it owns the selection, "request TYPE TIME" for each request, "copied TEXT" and,
+at the first request for it, "fetched MICROSECONDS" (since it was copied), "cleared", "lost" when
+somebody else has taken the selection.
+)";
+
+namespace {
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        fail("cannot read " + path);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// The first "=" separates, unless it belongs to a parameter of the type ("text/x;v=1=abc").
+OfferedType parseOffer(const std::string& argument) {
+    std::size_t separator = argument.find('=');
+    if (argument.substr(0, separator).find(';') != std::string::npos)
+        separator = argument.find('=', separator + 1);
+    if (separator == std::string::npos)
+        fail("neither an option nor TYPE=BYTES: " + argument);
+    const std::string value = argument.substr(separator + 1);
+    return {argument.substr(0, separator),
+            value.starts_with('@') ? contentOf(value.substr(1)) : value};
+}
+
+long number(const std::string& text) {
+    std::size_t end = 0;
+    const long value = std::stol(text, &end);
+    if (end != text.size() || value < 0)
+        fail("not a number: " + text);
+    return value;
+}
+
+using Apply = std::function<void(OwnerOptions&, const std::string&)>;
+
+const std::map<std::string, Apply>& flags() {
+    static const std::map<std::string, Apply> table{
+        {"--secret",
+         [](auto& o, const auto&) {
+             o.offers.insert(o.offers.begin(), {"x-kde-passwordManagerHint", "secret"});
+         }},
+        {"--targets-only", [](auto& o, const auto&) { o.answering = Answering::targetsOnly; }},
+        {"--await-fetch", [](auto& o, const auto&) { o.awaitFetch = true; }},
+        {"--silent", [](auto& o, const auto&) { o.answering = Answering::nothing; }},
+    };
+    return table;
+}
+
+const std::map<std::string, Apply>& optionsWithValue() {
+    using Milliseconds = OwnerOptions::Milliseconds;
+    static const std::map<std::string, Apply> table{
+        {"--selection", [](auto& o, const auto& v) { o.selection = v; }},
+        {"--text",
+         [](auto& o, const auto& v) {
+             o.offers.push_back({"UTF8_STRING", v});
+         }},
+        {"--delay", [](auto& o, const auto& v) { o.delay = Milliseconds(number(v)); }},
+        {"--incr", [](auto& o, const auto& v) { o.incremental = number(v); }},
+        {"--stall-after", [](auto& o, const auto& v) { o.stallAfter = number(v); }},
+        {"--burst", [](auto& o, const auto& v) { o.burst = static_cast<int>(number(v)); }},
+        {"--every", [](auto& o, const auto& v) { o.burstInterval = Milliseconds(number(v)); }},
+        {"--burst-text", [](auto& o, const auto& v) { o.burstText = v; }},
+        {"--clear-after", [](auto& o, const auto& v) { o.clearAfter = Milliseconds(number(v)); }},
+        {"--exit-after", [](auto& o, const auto& v) { o.exitAfter = Milliseconds(number(v)); }},
+    };
+    return table;
+}
+
+} // namespace
+
+OwnerOptions ownerOptions(const std::vector<std::string>& arguments) {
+    OwnerOptions options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (const auto flag = flags().find(argument); flag != flags().end()) {
+            flag->second(options, {});
+        } else if (const auto option = optionsWithValue().find(argument);
+                   option != optionsWithValue().end()) {
+            if (++i == arguments.size())
+                fail(argument + " needs a value");
+            option->second(options, arguments[i]);
+        } else {
+            options.offers.push_back(parseOffer(argument));
+        }
+    }
+    if (options.offers.empty() && options.burst == 0)
+        fail(ownerUsage);
+    return options;
+}
+
+} // namespace quorvel::raw
