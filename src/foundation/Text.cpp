@@ -1,5 +1,6 @@
 #include "foundation/Text.h"
 
+#include <QStringBuilder>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -31,6 +32,31 @@ qsizetype startOfLast(const QString& text, int count) {
 /// A character may be many units long (families, stacked marks); beyond this many it is cut.
 constexpr int mostUnitsPerCharacter = 64;
 
+/// Units that are a character each, whatever stands beside them: most of the world's menu titles
+/// are made of nothing else, and looking for boundaries is a hundred times slower.
+bool isSimple(QChar c) {
+    constexpr char16_t firstCombiningMark = 0x300;
+    return c.unicode() < firstCombiningMark && c != u'\r' && c.unicode() != 0xAD;
+}
+
+bool areSimple(QStringView units) { return std::all_of(units.begin(), units.end(), isSimple); }
+
+/// The first `count` characters, or the whole text when it has no more.
+QString firstCharacters(const QString& text, int count) {
+    if (areSimple(QStringView(text).left(count + 1)))
+        return text.left(count);
+    const QString window = text.left(qsizetype(count) * mostUnitsPerCharacter);
+    const qsizetype end = endOfFirst(window, count);
+    return end < 0 ? window : window.left(end);
+}
+
+QString lastCharacters(const QString& text, int count) {
+    if (areSimple(QStringView(text).right(count + 1)))
+        return text.right(count);
+    const QString window = text.right(qsizetype(count) * mostUnitsPerCharacter);
+    return window.mid(startOfLast(window, count));
+}
+
 bool breaksLine(QChar c) {
     return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
            c.category() == QChar::Separator_Paragraph;
@@ -54,26 +80,17 @@ qsizetype characterCount(QStringView text) {
 QString shortened(const QString& text, int limit, int tail) {
     if (limit < 2)
         return ellipsis;
-    const qsizetype window = qsizetype(limit + 1) * mostUnitsPerCharacter;
-    const QString head = text.left(window);
-    if (text.size() <= limit)
-        return text;
-    const qsizetype endOfLimit = endOfFirst(head, limit);
-    if (head.size() == text.size() && (endOfLimit < 0 || endOfLimit == text.size()))
+    if (text.size() <= limit || firstCharacters(text, limit).size() == text.size())
         return text;
     const int kept = std::max(std::min(limit - 2, tail), 1);
-    const qsizetype cut = endOfFirst(head, limit - kept - 1);
-    const QString end = text.right(window);
-    return head.left(cut < 0 ? window : cut) + ellipsis + end.mid(startOfLast(end, kept));
+    return firstCharacters(text, limit - kept - 1) + ellipsis + lastCharacters(text, kept);
 }
 
-QString singleLine(const QString& text, qsizetype mostUnits) {
-    QStringView visible = QStringView(text).trimmed();
-    QString line;
-    if (visible.size() > 2 * mostUnits)
-        line = visible.first(mostUnits).toString() + ellipsis + visible.last(mostUnits).toString();
-    else
-        line = visible.toString();
+QString singleLine(const QString& text, qsizetype headUnits, qsizetype tailUnits) {
+    const QStringView visible = QStringView(text).trimmed();
+    QString line = visible.size() <= headUnits + tailUnits
+                       ? visible.toString()
+                       : visible.first(headUnits) % ellipsis % visible.last(tailUnits);
     line.removeIf([](QChar c) { return reordersText(c); });
     std::replace_if(line.begin(), line.end(), breaksLine, QLatin1Char(' '));
     return line.trimmed();

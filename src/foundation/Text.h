@@ -12,8 +12,9 @@ qsizetype characterCount(QStringView text);
 /// more of a long text than it needs.
 QString shortened(const QString& text, int limit, int tail);
 
-/// One line for display: trimmed, with line breaks, tabs and control characters as blanks.
-/// At most `mostUnits` UTF-16 units from each end of a long text are kept, so the cost is bounded.
-QString singleLine(const QString& text, qsizetype mostUnits = 2000);
+/// One line for display: trimmed, with line breaks, tabs and control characters as blanks, without
+/// the marks that reorder text. Of a long text only this many UTF-16 units of its beginning and its
+/// end are kept, with "…" between, so the cost is bounded.
+QString singleLine(const QString& text, qsizetype headUnits = 512, qsizetype tailUnits = 128);
 
 } // namespace quorvel

@@ -3,39 +3,46 @@
 #include <QSocketNotifier>
 
 #include <csignal>
-#include <sys/signalfd.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace quorvel {
 
 namespace {
 
-/// Blocked in every thread, so that they arrive at the descriptor only.
-sigset_t blockedSignals() {
-    sigset_t wanted;
-    sigemptyset(&wanted);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP})
-        sigaddset(&wanted, number);
-    pthread_sigmask(SIG_BLOCK, &wanted, nullptr);
-    return wanted;
+int wakeFile = -1;
+
+void wake(int) {
+    const uint64_t one = 1;
+    // A counter that is full wakes as well.
+    [[maybe_unused]] const auto written = write(wakeFile, &one, sizeof one);
+}
+
+void doNothing(int) {}
+
+void install(int number, void (*handler)(int)) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigaction(number, &action, nullptr);
 }
 
 } // namespace
 
 SignalWatcher::SignalWatcher() {
-    const sigset_t wanted = blockedSignals();
-    m_file = signalfd(-1, &wanted, SFD_CLOEXEC | SFD_NONBLOCK);
-    m_notifier = new QSocketNotifier(m_file, QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, [this] {
-        signalfd_siginfo information{};
-        while (read(m_file, &information, sizeof information) > 0)
-            emit endRequested();
+    wakeFile = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    auto* notifier = new QSocketNotifier(wakeFile, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [] {
+        uint64_t count = 0;
+        return read(wakeFile, &count, sizeof count) > 0;
     });
-    // A file size limit is a failed write like any other, not the end of the program.
-    std::signal(SIGXFSZ, SIG_IGN);
-    std::signal(SIGPIPE, SIG_IGN);
+    connect(notifier, &QSocketNotifier::activated, this, &SignalWatcher::endRequested);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        install(number, wake);
+    // A file size limit and a peer that hangs up are failed writes, not the end of the program.
+    // Handled instead of ignored, since programs that we start would inherit that.
+    install(SIGXFSZ, doNothing);
+    install(SIGPIPE, doNothing);
 }
-
-SignalWatcher::~SignalWatcher() { ::close(m_file); }
 
 } // namespace quorvel

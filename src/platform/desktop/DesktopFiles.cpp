@@ -1,5 +1,6 @@
 #include "platform/desktop/DesktopFiles.h"
 
+#include <atomic>
 #include <mutex>
 
 namespace quorvel {
@@ -14,7 +15,7 @@ constexpr double secondsBetweenChecks = 5;
 struct DesktopFiles::Shared {
     std::mutex mutex;
     Index fresh;
-    bool busy = false;
+    std::atomic_bool busy = false;
 };
 
 DesktopFiles::DesktopFiles(DesktopSources sources, const Clock& clock, BackgroundQueue& background)
@@ -26,10 +27,9 @@ DesktopFiles::DesktopFiles(DesktopSources sources, const Clock& clock, Backgroun
 DesktopFiles::~DesktopFiles() = default;
 
 void DesktopFiles::preload() {
-    const std::lock_guard lock(m_shared->mutex);
-    if (m_shared->busy)
+    // Not under the mutex: a queue may run the job at once.
+    if (m_shared->busy.exchange(true))
         return;
-    m_shared->busy = true;
     m_background.post([shared = m_shared, sources = m_sources, old = m_index] {
         const bool needed = !old || old->isOutdated();
         Index index = needed ? std::make_shared<const DesktopIndex>(sources) : nullptr;

@@ -243,8 +243,8 @@ void ClipboardThread::completeTransfer() {
     m_lastForeign = result.item;
     if (isUsable(result.item))
         handOver(std::move(result.item), m_transferFromStart);
-    else
-        malloc_trim(0); // the parts of a large content that was refused
+    if (result.droppedBytes > largeContent)
+        malloc_trim(0);
 }
 
 void ClipboardThread::handOver(ClipboardSnapshotItem item, bool wasThereAtStart) {

@@ -90,8 +90,10 @@ SelectionTransfer::Property SelectionTransfer::takeProperty(qsizetype mostBytes)
     if (!reply)
         return {};
     const qsizetype length = xcb_get_property_value_length(reply.get());
-    if (reply->bytes_after > 0 || length > mostBytes)
+    if (reply->bytes_after > 0 || length > mostBytes) {
+        m_droppedBytes += length;
         return {.tooLarge = true};
+    }
     const char* value = static_cast<const char*>(xcb_get_property_value(reply.get()));
     return {QByteArray(value, length), reply->type};
 }
@@ -131,7 +133,7 @@ void SelectionTransfer::appendChunk() {
 }
 
 void SelectionTransfer::refuseAsTooLarge() {
-    m_incoming = {};
+    m_droppedBytes += std::exchange(m_incoming, {}).size();
     m_problem = tooLarge;
     received(std::nullopt);
 }
@@ -207,11 +209,11 @@ void SelectionTransfer::cutShort(const QString& reason) { finish(reason); }
 void SelectionTransfer::finish(const QString& problem) {
     m_finished = true;
     m_problem = problem;
-    m_incoming = {};
+    m_droppedBytes += std::exchange(m_incoming, {}).size();
 }
 
 TransferResult SelectionTransfer::takeResult() {
-    TransferResult result{{}, m_problem, m_secret};
+    TransferResult result{{}, m_problem, m_secret, m_droppedBytes};
     if (m_secret)
         return result;
     auto& contents = result.item.payloadByType;

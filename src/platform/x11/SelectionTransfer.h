@@ -25,6 +25,7 @@ struct TransferResult {
     ClipboardSnapshotItem item;
     QString problem;
     bool secret = false;
+    qsizetype droppedBytes = 0; ///< Had arrived, but not whole or too large.
 };
 
 /// Fetches everything that the present owner of a selection offers: first the list of types, then
@@ -94,6 +95,7 @@ private:
     QList<qsizetype> m_order; ///< In which the slots are fetched.
     qsizetype m_next = 0;     ///< Position in the order of the slot being fetched.
     qsizetype m_bytes = 0;
+    qsizetype m_droppedBytes = 0;
     bool m_secret = false;
     bool m_finished = false;
     QString m_problem;
