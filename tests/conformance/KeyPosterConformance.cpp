@@ -1,0 +1,371 @@
+#include "conformance/TestDesktop.h"
+#include "conformance/X11Outside.h"
+#include "platform/x11/X11HotKeyCenter.h"
+#include "platform/x11/X11KeyPoster.h"
+#include "platform/x11/X11Workspace.h"
+#include "support/FakeKeyPoster.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvel {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// What came of one paste: nothing so far, or each answer that was given.
+using Outcomes = std::shared_ptr<QList<PostOutcome>>;
+
+Outcomes post(KeyPoster& poster, const std::optional<FocusTarget>& target) {
+    auto outcomes = std::make_shared<QList<PostOutcome>>();
+    poster.postPaste(target, [outcomes](PostOutcome outcome) { outcomes->append(outcome); });
+    return outcomes;
+}
+
+PostOutcome answer(const Outcomes& outcomes) {
+    if (!waitUntil([&] { return !outcomes->isEmpty(); }))
+        throw std::runtime_error("no answer");
+    return outcomes->first();
+}
+
+/// No hot keys: the guard that never has anything to do.
+class NoHotKeys final : public HotKeyGuard {
+public:
+    std::optional<xcb_keycode_t> heldKey() const override { return std::nullopt; }
+    void standAside(xcb_keycode_t, quint16) override {}
+    void standBack() override {}
+};
+
+TEST(KeyPosterConformance, answersOnceAndFromTheLoopWhereKeysCannotBePosted) {
+    QtMainQueue queue;
+    NoHotKeys noHotKeys;
+    FakeKeyPoster fake;
+    fake.setTrusted(false);
+    fake.answerThrough(queue);
+    X11Connection nowhere("no-such-host.invalid:99");
+    X11KeyPoster real(nowhere, queue, noHotKeys, [] {});
+    for (KeyPoster* poster : std::initializer_list<KeyPoster*>{&fake, &real}) {
+        EXPECT_FALSE(poster->isTrusted());
+        const Outcomes first = post(*poster, std::nullopt);
+        EXPECT_TRUE(first->isEmpty());
+        EXPECT_EQ(answer(first), PostOutcome::unavailable);
+        const Outcomes second = post(*poster, FocusTarget{1, 2, 3});
+        EXPECT_EQ(answer(second), PostOutcome::unavailable);
+        EXPECT_EQ(first->size(), 1);
+    }
+}
+
+class X11KeyPosterTest : public testing::Test {
+protected:
+    X11KeyPosterTest()
+        : m_limits{2ms, 60ms, 60ms} {}
+
+    /// Limits for tests in which what is waited for does happen.
+    void waitLong() { m_limits = {2ms, usualPatience, usualPatience}; }
+
+    X11KeyPoster& poster() {
+        if (!m_poster)
+            m_poster = std::make_unique<X11KeyPoster>(
+                connection, queue, center, [this] { ++primaryOffers; }, m_limits);
+        return *m_poster;
+    }
+    bool receives(xcb_window_t window, const X11Outside::Key& key) {
+        return waitUntil([&] { return other.keys(window).contains(key); });
+    }
+
+    X11Outside other;
+    X11Connection connection;
+    QtMainQueue queue;
+    X11HotKeyCenter center{connection.root()};
+    int primaryOffers = 0;
+
+private:
+    KeyPostLimits m_limits;
+    std::unique_ptr<X11KeyPoster> m_poster;
+};
+
+constexpr quint16 controlState = XCB_MOD_MASK_CONTROL;
+constexpr quint16 terminalState = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_SHIFT;
+
+TEST_F(X11KeyPosterTest, everyProgramGetsItsOwnPasteKeysOnce) {
+    struct Case {
+        const char* windowClass;
+        X11Outside::Key key;
+        int primaryOffers;
+    };
+    const std::vector<Case> cases{
+        {"Mousepad", {keyboard::v, controlState}, 0},
+        {"XTerm", {keyboard::insert, XCB_MOD_MASK_SHIFT}, 1},
+        {"URxvt", {keyboard::insert, XCB_MOD_MASK_SHIFT}, 1},
+        {"Emacs", {keyboard::insert, XCB_MOD_MASK_SHIFT}, 0},
+        {"Gnome-terminal", {keyboard::v, terminalState}, 0},
+        {"st-256color", {keyboard::v, terminalState}, 0},
+        {"org.gnome.Ptyxis", {keyboard::v, terminalState}, 0},
+        {"com.mitchellh.ghostty", {keyboard::v, terminalState}, 0},
+    };
+    for (const auto& [windowClass, key, offers] : cases) {
+        SCOPED_TRACE(windowClass);
+        primaryOffers = 0;
+        const xcb_window_t window = other.open(windowClass);
+        const xcb_window_t element = other.addElement(window);
+        other.focus(element);
+        EXPECT_EQ(answer(post(poster(), FocusTarget{0, window, element})), PostOutcome::posted);
+        EXPECT_TRUE(receives(element, key));
+        EXPECT_EQ(answer(post(poster(), std::nullopt)), PostOutcome::posted);
+        EXPECT_TRUE(waitUntil([&] { return other.keys(element).size() >= 2; }));
+        EXPECT_THAT(other.keys(element), ElementsAre(key, key));
+        EXPECT_EQ(primaryOffers, 2 * offers);
+        other.close(window);
+    }
+}
+
+TEST_F(X11KeyPosterTest, keysNeverGoToAnotherWindow) {
+    const xcb_window_t target = other.open("Mousepad");
+    const xcb_window_t element = other.addElement(target);
+    const xcb_window_t neighbour = other.open("Neighbour");
+    const xcb_window_t gone = other.open("Gone");
+    other.close(gone);
+    other.focus(neighbour);
+    for (const FocusTarget& wanted :
+         {FocusTarget{0, target, element}, FocusTarget{0, target, 0}, FocusTarget{0, gone, gone},
+          FocusTarget{0, target, neighbour}}) {
+        const Outcomes outcomes = post(poster(), wanted);
+        EXPECT_TRUE(outcomes->isEmpty());
+        EXPECT_EQ(answer(outcomes), PostOutcome::focusElsewhere);
+    }
+    EXPECT_THAT(other.keys(neighbour), IsEmpty());
+    EXPECT_THAT(other.keys(target), IsEmpty());
+}
+
+TEST(X11KeyPosterWithoutWindowManager, nothingIsPostedWhenNobodyHasTheFocus) {
+    PrivateDesktop::Options options;
+    options.windowManager = false;
+    const PrivateDesktop desktop(options);
+    X11Outside other(desktop.display().toLatin1());
+    X11Connection connection(desktop.display().toLatin1());
+    QtMainQueue queue;
+    NoHotKeys noHotKeys;
+    X11KeyPoster poster(connection, queue, noHotKeys, [] {}, {2ms, 60ms, 60ms});
+    const xcb_window_t window = other.open("Mousepad");
+    for (const quint32 nobody : {XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_POINTER_ROOT}) {
+        xcb_set_input_focus(other.connection().xcb(), XCB_INPUT_FOCUS_NONE, nobody,
+                            XCB_CURRENT_TIME);
+        ASSERT_EQ(other.focused(), nobody);
+        EXPECT_EQ(answer(post(poster, std::nullopt)), PostOutcome::focusElsewhere);
+    }
+    other.focus(window);
+    EXPECT_EQ(answer(post(poster, std::nullopt)), PostOutcome::posted);
+    EXPECT_TRUE(waitUntil([&] { return !other.keys(window).isEmpty(); }));
+}
+
+TEST_F(X11KeyPosterTest, theFocusMayComeLater) {
+    waitLong();
+    const xcb_window_t target = other.open("Mousepad");
+    const xcb_window_t element = other.addElement(target);
+    other.focus(target);
+    const Outcomes outcomes = post(poster(), FocusTarget{0, target, element});
+    // The look that follows the first one has found the focus in the wrong place as well.
+    int turns = 0;
+    queue.after(20ms, &connection, [&turns] { ++turns; });
+    ASSERT_TRUE(waitUntil([&] { return turns > 0; }));
+    EXPECT_TRUE(outcomes->isEmpty());
+    other.focus(element);
+    EXPECT_EQ(answer(outcomes), PostOutcome::posted);
+    EXPECT_TRUE(receives(element, {keyboard::v, controlState}));
+    EXPECT_THAT(other.keys(target), IsEmpty());
+}
+
+TEST_F(X11KeyPosterTest, anElementThatIsGoneStandsForItsWindow) {
+    const xcb_window_t target = other.open("Mousepad");
+    const xcb_window_t old = other.addElement(target);
+    const xcb_window_t fresh = other.addElement(target);
+    other.close(old);
+    for (const xcb_window_t place : {target, fresh}) {
+        other.focus(place);
+        EXPECT_EQ(answer(post(poster(), FocusTarget{0, target, old})), PostOutcome::posted);
+        EXPECT_TRUE(receives(place, {keyboard::v, controlState}));
+    }
+}
+
+TEST_F(X11KeyPosterTest, modifiersThatStayDownAreTakenOutOfTheWayAndPutBack) {
+    const xcb_window_t target = other.open("Mousepad");
+    other.focus(target);
+    for (const xcb_keycode_t key : {keyboard::shift, keyboard::alt, keyboard::control})
+        other.press(key);
+    other.type({keyboard::capsLock});
+    EXPECT_EQ(answer(post(poster(), FocusTarget{0, target, target})), PostOutcome::posted);
+    EXPECT_TRUE(receives(target, {keyboard::v, controlState | XCB_MOD_MASK_LOCK}));
+    for (const xcb_keycode_t key : {keyboard::shift, keyboard::alt, keyboard::control})
+        EXPECT_TRUE(other.isDown(key)) << int(key);
+    EXPECT_FALSE(other.isDown(keyboard::v));
+    other.type({keyboard::capsLock});
+}
+
+TEST_F(X11KeyPosterTest, waitsForTheUserToLetGo) {
+    waitLong();
+    const xcb_window_t target = other.open("Mousepad");
+    other.focus(target);
+    other.press(keyboard::shift);
+    const Outcomes outcomes = post(poster(), FocusTarget{0, target, target});
+    int turns = 0;
+    queue.after(20ms, &connection, [&turns] { ++turns; });
+    ASSERT_TRUE(waitUntil([&] { return turns > 0; }));
+    EXPECT_TRUE(outcomes->isEmpty());
+    other.release(keyboard::shift);
+    EXPECT_EQ(answer(outcomes), PostOutcome::posted);
+    EXPECT_TRUE(receives(target, {keyboard::v, controlState}));
+    EXPECT_FALSE(other.isDown(keyboard::shift));
+}
+
+TEST_F(X11KeyPosterTest, ourOwnKeysAreNoHotKeysAndTheUsersStillAre) {
+    QList<quint32> pressed;
+    QObject::connect(&center, &HotKeyCenter::pressed, &center,
+                     [&](quint32 id) { pressed.append(id); });
+    ASSERT_EQ(center.registerHotKey(keyboard::v, Modifier::control | Modifier::shift, 4).status, 0);
+    const xcb_window_t terminal = other.open("Xfce4-terminal");
+    other.focus(terminal);
+    for (quint32 round = 1; round <= 20; ++round) {
+        EXPECT_EQ(answer(post(poster(), FocusTarget{0, terminal, terminal})), PostOutcome::posted);
+        ASSERT_TRUE(waitUntil([&] { return other.keys(terminal).size() == round; }));
+        EXPECT_EQ(other.keys(terminal).last(), (X11Outside::Key{keyboard::v, terminalState}));
+        EXPECT_EQ(pressed.size(), round - 1) << "our own keys";
+        other.type({keyboard::control, keyboard::shift, keyboard::v});
+        ASSERT_TRUE(waitUntil([&] { return pressed.size() == round; })) << "the user's keys";
+    }
+    EXPECT_EQ(other.keys(terminal).size(), 20) << "the user's keys stay with us";
+}
+
+TEST_F(X11KeyPosterTest, aHotKeyThatIsStillHeldDoesNotKeepTheKeysFromTheTarget) {
+    struct Case {
+        const char* what;
+        QList<xcb_keycode_t> held;
+        const char* windowClass;
+        X11Outside::Key key;
+    };
+    const std::vector<Case> cases{
+        {"another key",
+         {keyboard::control, keyboard::super, keyboard::one},
+         "Mousepad",
+         {keyboard::v, controlState}},
+        {"the very same keys",
+         {keyboard::control, keyboard::shift, keyboard::v},
+         "Konsole",
+         {keyboard::v, terminalState}},
+        {"the same key alone",
+         {keyboard::control, keyboard::shift, keyboard::v},
+         "Mousepad",
+         {keyboard::v, controlState}},
+    };
+    QList<quint32> pressed;
+    QObject::connect(&center, &HotKeyCenter::pressed, &center,
+                     [&](quint32 id) { pressed.append(id); });
+    ASSERT_EQ(center.registerHotKey(keyboard::v, Modifier::control | Modifier::shift, 4).status, 0);
+    ASSERT_EQ(center.registerHotKey(keyboard::one, Modifier::control | Modifier::command, 5).status,
+              0);
+    for (const auto& [what, held, windowClass, key] : cases) {
+        SCOPED_TRACE(what);
+        const xcb_window_t target = other.open(windowClass);
+        other.focus(target);
+        const qsizetype before = pressed.size();
+        for (const xcb_keycode_t code : held)
+            other.press(code);
+        ASSERT_TRUE(waitUntil([&] { return pressed.size() == before + 1; }));
+        EXPECT_EQ(answer(post(poster(), FocusTarget{0, target, target})), PostOutcome::posted);
+        EXPECT_TRUE(receives(target, key));
+        for (const xcb_keycode_t code : held)
+            other.release(code);
+        EXPECT_EQ(pressed.size(), before + 1);
+        other.type(held);
+        EXPECT_TRUE(waitUntil([&] { return pressed.size() == before + 2; }));
+    }
+}
+
+TEST(StrokeActions, surroundTheStrokeWithTheUsersKeys) {
+    const auto press = KeyAction::press;
+    const auto release = KeyAction::release;
+    EXPECT_THAT(strokeActions({55, {37}}, {}, {}),
+                ElementsAre(KeyAction{press, 37}, KeyAction{press, 55}, KeyAction{release, 55},
+                            KeyAction{release, 37}));
+    EXPECT_THAT(strokeActions({55, {37, 50}}, {64}, {10}),
+                ElementsAre(KeyAction{release, 10}, KeyAction{release, 64}, KeyAction{press, 37},
+                            KeyAction{press, 50}, KeyAction{press, 55}, KeyAction{release, 55},
+                            KeyAction{release, 50}, KeyAction{release, 37}, KeyAction{press, 64}));
+}
+
+ProgramResult xclip(const QString& selection, const QString& way, const QByteArray& input = {}) {
+    return testDesktop().run(QStringLiteral("xclip"),
+                             {QStringLiteral("-selection"), selection, way}, input);
+}
+
+/// Real programs: what was on the clipboard arrives in them.
+class RealProgramTest : public X11KeyPosterTest {
+protected:
+    RealProgramTest() { waitLong(); }
+
+    /// The program's place in front, once its focus lies in its window.
+    FocusTarget target(const ChildProgram& program) {
+        FocusTarget found;
+        const bool inFront = waitUntil([&] {
+            const auto front = workspace.frontmostApplication();
+            if (!front || front->processIdentifier != program.pid())
+                return false;
+            found = {program.pid(), front->window, workspace.focusedElement()};
+            return X11Windows(connection)
+                .isInside(xcb_window_t(found.element), xcb_window_t(found.window));
+        });
+        return inFront ? found : throw std::runtime_error("the program did not come to the front");
+    }
+
+    SystemClock clock;
+    ThreadBackgroundQueue background;
+    DesktopFiles desktopFiles{DesktopSources::fromEnvironment(), clock, background};
+    X11Workspace workspace{connection, desktopFiles};
+};
+
+class RealProgramPaste : public RealProgramTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RealProgramPaste, theClipboardArrives) {
+    const auto editor = testDesktop().start(QString::fromLatin1(GetParam()));
+    const FocusTarget place = target(*editor);
+    const QString clipboard = QStringLiteral("clipboard");
+    const QByteArray text = QByteArray("pasted into ") + GetParam();
+    const auto type = [](const QStringList& keys) {
+        testDesktop().run(QStringLiteral("xdotool"), QStringList(QStringLiteral("key")) + keys);
+    };
+    // Again and again: a program that has just come up may drop keys.
+    EXPECT_TRUE(waitUntil([&] {
+        xclip(clipboard, QStringLiteral("-i"), text);
+        type({QStringLiteral("less")});
+        EXPECT_EQ(answer(post(poster(), place)), PostOutcome::posted);
+        type({QStringLiteral("ctrl+a"), QStringLiteral("ctrl+c"), QStringLiteral("ctrl+End")});
+        return xclip(clipboard, QStringLiteral("-o")).output.contains('<' + text);
+    }));
+}
+
+TEST_F(RealProgramTest, aTerminalGetsTheTextFromPrimary) {
+    const QString path = testDesktop().folder() + QStringLiteral("/pasted-into-xterm");
+    const auto terminal = testDesktop().start(
+        QStringLiteral("xterm"), {QStringLiteral("-e"), QStringLiteral("cat > ") + path});
+    const FocusTarget place = target(*terminal);
+    X11KeyPoster toTerminals(connection, queue, center, [] {
+        xclip(QStringLiteral("primary"), QStringLiteral("-i"), "from primary\n");
+    });
+    const auto arrived = [&] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) && file.readAll().startsWith("from primary\n");
+    };
+    EXPECT_EQ(answer(post(toTerminals, place)), PostOutcome::posted);
+    EXPECT_TRUE(waitUntil(arrived));
+}
+
+INSTANTIATE_TEST_SUITE_P(Editors, RealProgramPaste, testing::Values("mousepad", "featherpad"),
+                         [](const auto& program) { return std::string(program.param); });
+
+} // namespace
+
+} // namespace quorvel
