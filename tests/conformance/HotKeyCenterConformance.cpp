@@ -11,7 +11,6 @@ namespace quorvel {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A hot key center, the user at the keyboard and another program.
 class HotKeyOutside {

@@ -66,7 +66,7 @@ protected:
         : m_limits{2ms, 60ms, 60ms} {}
 
     /// Limits for tests in which what is waited for does happen.
-    void waitLong() { m_limits = {2ms, usualPatience, usualPatience}; }
+    void waitFor(std::chrono::milliseconds span) { m_limits = {2ms, span, span}; }
 
     X11KeyPoster& poster() {
         if (!m_poster)
@@ -164,7 +164,7 @@ TEST(X11KeyPosterWithoutWindowManager, nothingIsPostedWhenNobodyHasTheFocus) {
 }
 
 TEST_F(X11KeyPosterTest, theFocusMayComeLater) {
-    waitLong();
+    waitFor(usualPatience);
     const xcb_window_t target = other.open("Mousepad");
     const xcb_window_t element = other.addElement(target);
     other.focus(target);
@@ -207,7 +207,7 @@ TEST_F(X11KeyPosterTest, modifiersThatStayDownAreTakenOutOfTheWayAndPutBack) {
 }
 
 TEST_F(X11KeyPosterTest, waitsForTheUserToLetGo) {
-    waitLong();
+    waitFor(usualPatience);
     const xcb_window_t target = other.open("Mousepad");
     other.focus(target);
     other.press(keyboard::shift);
@@ -305,10 +305,10 @@ ProgramResult xclip(const QString& selection, const QString& way, const QByteArr
 /// Real programs: what was on the clipboard arrives in them.
 class RealProgramTest : public X11KeyPosterTest {
 protected:
-    RealProgramTest() { waitLong(); }
+    RealProgramTest() { waitFor(2s); }
 
     /// The program's place in front, once its focus lies in its window.
-    FocusTarget target(const ChildProgram& program) {
+    FocusTarget placeIn(const ChildProgram& program) {
         FocusTarget found;
         const bool inFront = waitUntil([&] {
             const auto front = workspace.frontmostApplication();
@@ -321,6 +321,12 @@ protected:
         return inFront ? found : throw std::runtime_error("the program did not come to the front");
     }
 
+    /// The next test finds the desktop without the program.
+    void end(std::unique_ptr<ChildProgram> program, const FocusTarget& place) {
+        program.reset();
+        EXPECT_TRUE(waitUntil([&] { return !workspace.isRunning(place); }));
+    }
+
     SystemClock clock;
     ThreadBackgroundQueue background;
     DesktopFiles desktopFiles{DesktopSources::fromEnvironment(), clock, background};
@@ -330,37 +336,45 @@ protected:
 class RealProgramPaste : public RealProgramTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(RealProgramPaste, theClipboardArrives) {
-    const auto editor = testDesktop().start(QString::fromLatin1(GetParam()));
-    const FocusTarget place = target(*editor);
+    auto editor = testDesktop().start(QString::fromLatin1(GetParam()));
     const QString clipboard = QStringLiteral("clipboard");
     const QByteArray text = QByteArray("pasted into ") + GetParam();
     const auto type = [](const QStringList& keys) {
         testDesktop().run(QStringLiteral("xdotool"), QStringList(QStringLiteral("key")) + keys);
     };
-    // Again and again: a program that has just come up may drop keys.
+    FocusTarget place = placeIn(*editor);
+    // Again and again: a program that has just come up drops keys and moves its focus.
     EXPECT_TRUE(waitUntil([&] {
+        place = placeIn(*editor);
         xclip(clipboard, QStringLiteral("-i"), text);
         type({QStringLiteral("less")});
-        EXPECT_EQ(answer(post(poster(), place)), PostOutcome::posted);
+        if (answer(post(poster(), place)) != PostOutcome::posted)
+            return false;
         type({QStringLiteral("ctrl+a"), QStringLiteral("ctrl+c"), QStringLiteral("ctrl+End")});
         return xclip(clipboard, QStringLiteral("-o")).output.contains('<' + text);
     }));
+    end(std::move(editor), place);
 }
 
 TEST_F(RealProgramTest, aTerminalGetsTheTextFromPrimary) {
     const QString path = testDesktop().folder() + QStringLiteral("/pasted-into-xterm");
-    const auto terminal = testDesktop().start(
-        QStringLiteral("xterm"), {QStringLiteral("-e"), QStringLiteral("cat > ") + path});
-    const FocusTarget place = target(*terminal);
-    X11KeyPoster toTerminals(connection, queue, center, [] {
-        xclip(QStringLiteral("primary"), QStringLiteral("-i"), "from primary\n");
+    auto terminal = testDesktop().start(QStringLiteral("xterm"),
+                                        {QStringLiteral("-e"), QStringLiteral("cat > ") + path});
+    const FocusTarget place = placeIn(*terminal);
+    const QByteArray text = "from primary\n";
+    X11KeyPoster toTerminals(connection, queue, center, [&] {
+        const QString primary = QStringLiteral("primary");
+        xclip(primary, QStringLiteral("-i"), text);
+        // It becomes the owner in the background.
+        waitUntil([&] { return xclip(primary, QStringLiteral("-o")).output == text; });
     });
     const auto arrived = [&] {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly) && file.readAll().startsWith("from primary\n");
+        return file.open(QIODevice::ReadOnly) && file.readAll() == text;
     };
     EXPECT_EQ(answer(post(toTerminals, place)), PostOutcome::posted);
     EXPECT_TRUE(waitUntil(arrived));
+    end(std::move(terminal), place);
 }
 
 INSTANTIATE_TEST_SUITE_P(Editors, RealProgramPaste, testing::Values("mousepad", "featherpad"),

@@ -3,6 +3,7 @@
 #include "platform/x11/XkbEvents.h"
 #include "support/WaitUntil.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <xcb/xtest.h>
@@ -30,6 +31,7 @@ X11Outside::X11Outside(const QByteArray& display)
                               .values(m_connection.root(),
                                       QStringLiteral("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW)
                               .isEmpty();
+    expect(waitUntil([this] { return isSettled(); }), "the desktop does not come to rest");
     QObject::connect(&m_connection, &X11Connection::eventArrived, &m_connection,
                      [this](const xcb_generic_event_t* event) {
                          if ((event->response_type & 0x7f) != XCB_KEY_PRESS)
@@ -43,6 +45,20 @@ X11Outside::X11Outside(const QByteArray& display)
 X11Outside::~X11Outside() {
     while (!m_pressed.isEmpty())
         release(m_pressed.first());
+    for (const xcb_window_t window : std::as_const(m_open))
+        xcb_destroy_window(m_connection.xcb(), window);
+    // The next client gets our numbers: the window manager must have done with our windows.
+    waitUntil([this] { return isSettled(); });
+}
+
+bool X11Outside::isSettled() {
+    const QList<quint32> managed =
+        m_windows.values(m_connection.root(), QStringLiteral("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW);
+    const bool anyOfOurs = std::any_of(m_open.cbegin(), m_open.cend(), [&](xcb_window_t window) {
+        return managed.contains(window) || m_windows.exists(window);
+    });
+    // While nobody has the focus no hot key works.
+    return !m_hasWindowManager || (!anyOfOurs && focused() != XCB_INPUT_FOCUS_NONE);
 }
 
 xcb_window_t X11Outside::create(xcb_window_t parent, quint16 width, quint16 height) {
@@ -56,6 +72,7 @@ xcb_window_t X11Outside::create(xcb_window_t parent, quint16 width, quint16 heig
 
 xcb_window_t X11Outside::open(const QByteArray& windowClass, const QByteArray& type) {
     const xcb_window_t window = create(m_connection.root(), 200, 100);
+    m_open.append(window);
     const QByteArray text = windowClass.toLower() + '\0' + windowClass + '\0';
     xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, quint32(text.size()), text.constData());
@@ -119,8 +136,10 @@ void X11Outside::fake(quint8 kind, xcb_keycode_t key) {
 void X11Outside::type(const QList<xcb_keycode_t>& keys) {
     for (const xcb_keycode_t key : keys)
         press(key);
-    for (auto key = keys.crbegin(); key != keys.crend(); ++key)
-        release(*key);
+    QList<xcb_keycode_t> reversed = keys;
+    std::reverse(reversed.begin(), reversed.end());
+    for (const xcb_keycode_t key : std::as_const(reversed))
+        release(key);
 }
 
 void X11Outside::chooseGroup(int group) {

@@ -48,6 +48,7 @@ private:
     xcb_window_t create(xcb_window_t parent, quint16 width, quint16 height);
     void fake(quint8 kind, xcb_keycode_t key);
     void settle();
+    bool isSettled();
     xcb_window_t activeWindow() const;
 
     mutable X11Connection m_connection;
@@ -55,6 +56,7 @@ private:
     bool m_hasWindowManager = false;
     QList<std::pair<xcb_window_t, Key>> m_keys;
     QList<xcb_keycode_t> m_pressed;
+    QList<xcb_window_t> m_open; ///< Top windows, closed ones included.
 };
 
 namespace keyboard {

@@ -39,7 +39,9 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return !program().isRunning(); }));
     }
     QString saveProblem() {
-        return status()[QStringLiteral("problems")].toObject()[QStringLiteral("history")].toString();
+        return status()[QStringLiteral("problems")]
+            .toObject()[QStringLiteral("history")]
+            .toString();
     }
 };
 
@@ -136,9 +138,9 @@ TEST_F(DataSafetyTest, aFullDiskIsToldOfAndSavingResumesByItself) {
 }
 
 TEST_F(DataSafetyTest, losingTheDisplayEndsItWithTheHistorySaved) {
-    const auto otherDisplay =
-        desktop().start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                                                 QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    const auto otherDisplay = desktop().start(QStringLiteral("Xvfb"),
+                                              {QStringLiteral("-displayfd"), QStringLiteral("1"),
+                                               QStringLiteral("-nolisten"), QStringLiteral("tcp")});
     ASSERT_TRUE(waitUntil([&] { return otherDisplay->output().contains('\n'); }));
     const QString name = u':' + QString::fromLatin1(otherDisplay->output().trimmed());
     desktop().setVariable(QStringLiteral("DISPLAY"), name);

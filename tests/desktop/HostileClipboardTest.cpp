@@ -74,14 +74,16 @@ TEST_F(HostileClipboardTest, ownersThatHangAreGivenUpAndCounted) {
 
 TEST_F(HostileClipboardTest, aHungOwnerDoesNotHoldUpTheNextCopy) {
     for (int i = 0; i < 5; ++i) {
-        const auto hung = own({QStringLiteral("--silent"), QStringLiteral("--text"), QStringLiteral("x")});
+        const auto hung =
+            own({QStringLiteral("--silent"), QStringLiteral("--text"), QStringLiteral("x")});
         EXPECT_TRUE(stillTakesCopies());
     }
     EXPECT_EQ(clips().size(), 5);
 }
 
 TEST_F(HostileClipboardTest, secretsAreNeitherReadNorRecorded) {
-    const auto owner = own({QStringLiteral("--secret"), QStringLiteral("--text"), QStringLiteral("hunter2")});
+    const auto owner =
+        own({QStringLiteral("--secret"), QStringLiteral("--text"), QStringLiteral("hunter2")});
     EXPECT_TRUE(waitUntil([&] { return changes("skipped") == 1; }));
     EXPECT_FALSE(owner->output().contains("request UTF8_STRING"));
     EXPECT_TRUE(clips().isEmpty());
@@ -92,7 +94,8 @@ TEST_F(HostileClipboardTest, aHundredMegabytesAreRefusedAndTheMemoryGivenBack) {
     ASSERT_TRUE(stillTakesCopies());
     const double before = megabytes("VmRSS:");
     {
-        const auto owner = own({QStringLiteral("UTF8_STRING=@") + fileWith(QByteArray(100'000'000, 'x'))});
+        const auto owner =
+            own({QStringLiteral("UTF8_STRING=@") + fileWith(QByteArray(100'000'000, 'x'))});
         EXPECT_TRUE(waitUntil([&] { return changes("failed") == 1; }, 30s));
         EXPECT_TRUE(stillTakesCopies());
     }
@@ -111,7 +114,8 @@ TEST_F(HostileClipboardTest, manyFormatsAndStrangeContentsAreTakenSanely) {
         std::function<bool(const QString&)> isRight;
     };
     const Case cases[] = {
-        {"60 forms", sixty, [](const QString& text) { return text == QStringLiteral("sixty forms"); }},
+        {"60 forms", sixty,
+         [](const QString& text) { return text == QStringLiteral("sixty forms"); }},
         {"broken picture with text",
          {brokenPng, QStringLiteral("UTF8_STRING=beside a broken picture")},
          [](const QString& text) { return text == QStringLiteral("beside a broken picture"); }},
@@ -141,8 +145,9 @@ TEST_F(HostileClipboardTest, aMillionEmojiAreOneClip) {
 }
 
 TEST_F(HostileClipboardTest, aThousandCopiesInFiveSecondsAreAllTakenInOrder) {
-    const auto owner = own({QStringLiteral("--burst"), QStringLiteral("1000"), QStringLiteral("--every"),
-                            QStringLiteral("5")});
+    const auto owner =
+        own({QStringLiteral("--burst"), QStringLiteral("1000"), QStringLiteral("--every"),
+             QStringLiteral("5"), QStringLiteral("--await-fetch")});
     // Nothing else is asked of the machine meanwhile.
     ASSERT_TRUE(waitUntil([&] { return owner->hasPrinted("copied burst 1000"); }, 60s));
     EXPECT_TRUE(waitUntil([&] { return newestText() == QStringLiteral("burst 1000"); }));

@@ -12,7 +12,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr qint64 mostFileBytes = 1024 * 1024;
+constexpr qint64 mostFileBytes = 1 << 20;
 constexpr qint64 noSuchFolder = -1;
 constexpr qint64 notSettled = -2;
 constexpr qint64 settlingMilliseconds = 1000;

@@ -46,9 +46,8 @@ void X11KeyPoster::advance(const JobHandle& job) {
         finish(job, PostOutcome::unavailable);
     else if (!focus && now >= job->focusEnd)
         finish(job, PostOutcome::focusElsewhere);
-    else if (!focus || (userHoldsKeys(*job->tables) && now < job->releaseEnd))
-        waitOn(job);
-    else if (post(*job, *focus))
+    else if (focus && (now >= job->releaseEnd || !userHoldsKeys(*job->tables)) &&
+             post(*job, *focus))
         finish(job, PostOutcome::posted);
     else
         waitOn(job);
