@@ -6,6 +6,13 @@
 
 namespace quorvel {
 
+namespace {
+
+/// After the start, when the session's own rush is over.
+constexpr std::chrono::milliseconds menuWarmUpDelay{300};
+
+} // namespace
+
 AppDelegate::AppDelegate(Environment environment, Adapters adapters)
     : m_environment(std::move(environment))
     , m_adapters(adapters)
@@ -52,7 +59,10 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("pasteboard watcher"), [this] { m_watcher.start(); }},
         {QStringLiteral("focus tracker"), [this] { m_focusTracker.start(); }},
         {QStringLiteral("hot keys"), [this] { m_hotKeys.registerAll(); }},
-        {QStringLiteral("menu"), [this] { m_menu.rebuild(); }},
+        {QStringLiteral("menu"),
+         [this] {
+             m_environment.mainQueue.after(menuWarmUpDelay, &m_menu, [this] { m_menu.warmUp(); });
+         }},
         {QStringLiteral("control socket"),
          [this] {
              const QString problem = m_control.listen(m_environment.paths.controlSocket);

@@ -27,6 +27,9 @@ public:
     /// Gives a lazy submenu its items, by its identifier.
     virtual void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) = 0;
 
+    /// Does what the first opening would have to wait for: fonts, icons, the window. Shows nothing.
+    virtual void warmUp(const QList<MenuItem>& tree) = 0;
+
     /// Closes the menu; `closed` is emitted as if the user had closed it.
     virtual void close() = 0;
 

@@ -35,6 +35,11 @@ void StatusMenuController::open(MenuVariant variant) {
 
 void StatusMenuController::close() { m_renderer.close(); }
 
+void StatusMenuController::warmUp() {
+    if (!m_rootMenuIsOpen)
+        m_renderer.warmUp(statusMenu(m_content, MenuVariant::main, m_saveProblem));
+}
+
 void StatusMenuController::menuWillOpen() {
     m_timings.opened();
     emit aboutToOpen();

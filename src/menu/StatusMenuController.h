@@ -26,6 +26,9 @@ public:
     void open(MenuVariant variant);
     void close();
 
+    /// Prepares the first opening while there is time.
+    void warmUp();
+
     /// Builds the tree anew; shown at once when the menu is open.
     void rebuild();
 

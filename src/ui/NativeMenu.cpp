@@ -65,6 +65,15 @@ void NativeMenu::fillSubmenu(const QString& identifier, const QList<MenuItem>& i
         m_menu.fillSubmenu(identifier, items);
 }
 
+void NativeMenu::warmUp(const QList<MenuItem>& tree) {
+    if (m_phase != Phase::closed)
+        return;
+    m_menu.setItems(tree);
+    m_menu.winId();
+    m_menu.grab();
+    m_menu.release();
+}
+
 void NativeMenu::close() {
     if (!isOpen())
         return;

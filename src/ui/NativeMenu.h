@@ -29,11 +29,12 @@ public:
 
     /// The hot key that opened the menu; pressed again while the menu is open, it closes it.
     /// A key code of 0 means none.
-    void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers);
+    void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) override;
 
     void open(const QList<MenuItem>& tree) override;
     void update(const QList<MenuItem>& tree) override;
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;
+    void warmUp(const QList<MenuItem>& tree) override;
     void close() override;
     bool isOpen() const override;
     Modifiers currentModifiers() const override;

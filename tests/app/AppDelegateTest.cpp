@@ -80,6 +80,8 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
                                                "pasteboard watcher|focus tracker|hot keys|menu|"
                                                "control socket"));
     EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
+    program.mainQueue.advance(1s);
+    EXPECT_EQ(program.menu.warmUps, 1);
     steps.clear();
     program.delegate.applicationWillTerminate();
     program.delegate.applicationWillTerminate();

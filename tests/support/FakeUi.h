@@ -16,6 +16,7 @@ public:
     }
     void update(const QList<MenuItem>& items) override { tree = items; }
     void fillSubmenu(const QString&, const QList<MenuItem>&) override {}
+    void warmUp(const QList<MenuItem>&) override { ++warmUps; }
     void close() override {
         if (std::exchange(m_open, false))
             emit closed();
@@ -33,6 +34,7 @@ public:
 
     QList<MenuItem> tree;
     quint32 closingKey = 0;
+    int warmUps = 0;
 
 private:
     bool m_open = false;
