@@ -135,6 +135,19 @@ TEST_F(HostileClipboardTest, manyFormatsAndStrangeContentsAreTakenSanely) {
     EXPECT_FALSE(clips().at(1).toObject()[QStringLiteral("image")].toBool());
 }
 
+TEST_F(HostileClipboardTest, aLargePictureIsOneClip) {
+    const QString picture = desktop().folder() + QStringLiteral("/noise.png");
+    desktop().run(QStringLiteral("convert"),
+                  {QStringLiteral("-size"), QStringLiteral("2100x2100"), QStringLiteral("xc:gray"),
+                   QStringLiteral("+noise"), QStringLiteral("Random"), picture});
+    ASSERT_GT(QFileInfo(picture).size(), 8'000'000);
+    const auto owner = own({QStringLiteral("image/png=@") + picture});
+    EXPECT_TRUE(
+        waitUntil([&] { return clips().at(0).toObject()[QStringLiteral("image")].toBool(); }));
+    EXPECT_EQ(control({QStringLiteral("show")}).exitCode, 0);
+    EXPECT_TRUE(stillTakesCopies());
+}
+
 TEST_F(HostileClipboardTest, aMillionEmojiAreOneClip) {
     const QString emoji = QStringLiteral("\U0001F469\u200D\U0001F469\u200D\U0001F467");
     const auto owner =

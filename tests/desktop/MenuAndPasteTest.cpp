@@ -88,6 +88,27 @@ protected:
         }
         return {};
     }
+    /// The middle of our icon in a picture of the desktop, found by the yellow of its clip, which
+    /// no panel has; empty when it is not there.
+    QStringList iconIn(const QString& picture) {
+        const QByteArray box =
+            desktop()
+                .run(QStringLiteral("convert"),
+                     {picture, QStringLiteral("-fuzz"), QStringLiteral("2%"),
+                      QStringLiteral("-fill"), QStringLiteral("black"), QStringLiteral("+opaque"),
+                      QStringLiteral("#ffc44d"), QStringLiteral("-format"), QStringLiteral("%@"),
+                      QStringLiteral("info:")})
+                .output;
+        int width = 0;
+        int height = 0;
+        int x = 0;
+        int y = 0;
+        const bool isBox =
+            std::sscanf(box.constData(), "%dx%d+%d+%d", &width, &height, &x, &y) == 4;
+        if (!isBox || width < 3 || width > 16)
+            return {};
+        return {QString::number(x + width / 2), QString::number(y + height / 2)};
+    }
     void clickAt(const QStringList& position) {
         xdotool(QStringList{QStringLiteral("mousemove")} + position +
                 QStringList{QStringLiteral("click"), QStringLiteral("1")});
@@ -105,10 +126,21 @@ TEST_F(MenuAndPasteTest, aClickOnTheTrayIconOpensTheMenuAlsoWhenTheTrayComesLate
 }
 
 TEST_F(MenuAndPasteTest, aPanelThatSpeaksStatusNotifierGetsTheIconToo) {
-    begin(TrayHost::xfce4Panel);
-    EXPECT_TRUE(waitUntil([&] {
+    startDesktop(TrayHost::xfce4Panel);
+    desktop().setVariable(QStringLiteral("QUORVEL_MENU_TIMINGS"), QStringLiteral("1"));
+    ASSERT_TRUE(startProgram()) << program().errors().constData();
+    ASSERT_TRUE(waitUntil([&] {
         return status()[QStringLiteral("tray")].toString() == QStringLiteral("statusnotifier");
     }));
+    const QString picture = path(QStringLiteral("panel.png"));
+    QStringList icon;
+    const auto iconStays = [&] {
+        desktop().screenshot(picture);
+        return std::exchange(icon, iconIn(picture)) == icon && !icon.isEmpty();
+    };
+    ASSERT_TRUE(waitUntil(iconStays)) << "the panel lays itself out at its leisure";
+    EXPECT_TRUE(menuOpens([&] { clickAt(icon); }));
+    EXPECT_TRUE(menuCloses([&] { press(QStringLiteral("Escape")); }));
 }
 
 TEST_F(MenuAndPasteTest, theHotKeyOpensAndClosesTheMenuAndLeavesTheFocusAlone) {
