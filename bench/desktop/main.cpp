@@ -39,10 +39,10 @@ struct CopyTimes {
 
 std::vector<CopyTimes> followBurst(PrivateDesktop& desktop, const Subject& subject,
                                    const QString& filler, int count) {
-    const auto owner = desktop.start(QStringLiteral(QUORVEL_RAW_OWNER),
-                                     {QStringLiteral("--burst"), QString::number(count),
-                                      QStringLiteral("--every"), QStringLiteral("150"),
-                                      QStringLiteral("--burst-text"), filler});
+    const auto owner =
+        desktop.start(QStringLiteral(QUORVEL_RAW_OWNER),
+                      {QStringLiteral("--burst"), QString::number(count), QStringLiteral("--every"),
+                       QStringLiteral("150"), QStringLiteral("--burst-text"), filler});
     std::vector<CopyTimes> times(size_t(count) + 1);
     for (int i = 1; i <= count; ++i) {
         const QString text = filler + u' ' + QString::number(i);
@@ -57,7 +57,8 @@ std::vector<CopyTimes> followBurst(PrivateDesktop& desktop, const Subject& subje
             }
             if (time.listed < 0) {
                 const QJsonArray list = subject.list(1);
-                if (!list.isEmpty() && list.first().toObject().value(QStringLiteral("text")).toString() == text)
+                if (!list.isEmpty() &&
+                    list.first().toObject().value(QStringLiteral("text")).toString() == text)
                     time.listed = now();
             }
             return time.copied > 0 && time.listed > 0 && time.onDisk > 0;

@@ -25,8 +25,7 @@ AppDelegate::AppDelegate(Environment environment, Adapters adapters)
                      m_environment.clock, m_environment.mainQueue, m_environment.disk)
     , m_watcher(m_adapters.pasteboard, m_adapters.workspace, m_history, m_environment.clock,
                 m_environment.mainQueue)
-    , m_focusTracker(m_adapters.workspace, m_environment.mainQueue,
-                     m_environment.processIdentifier)
+    , m_focusTracker(m_adapters.workspace, m_environment.mainQueue, m_environment.processIdentifier)
     , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
                     m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
@@ -142,8 +141,8 @@ void AppDelegate::wirePaste() {
             strings.text(QStringLiteral("error.pastePermission.messagePrefix")),
             strings.text(QStringLiteral("error.pastePermission.needsAccessibility")),
             strings.text(QStringLiteral("error.pastePermission.messageSuffix"))};
-        m_adapters.desktop.showMessage(
-            strings.text(QStringLiteral("error.pastePermission.title")), sentences.join(u' '));
+        m_adapters.desktop.showMessage(strings.text(QStringLiteral("error.pastePermission.title")),
+                                       sentences.join(u' '));
     });
 }
 
@@ -187,6 +186,8 @@ void AppDelegate::setClosingKey() {
     m_adapters.menu.setClosingKey(0, {});
 }
 
-void AppDelegate::reportSaveProblem() { m_menu.setSaveProblem(m_historyStore.saveProblem()); }
+void AppDelegate::reportSaveProblem() {
+    m_menu.setSaveProblem(m_historyStore.saveProblem());
+}
 
 } // namespace quorvel

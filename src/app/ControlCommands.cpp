@@ -19,8 +19,8 @@ QJsonObject listed(const RecentClipboardEntry& entry, qsizetype position) {
         {QStringLiteral("tags"), tags},
         {QStringLiteral("pinned"), entry.pinned},
         {QStringLiteral("usageCount"), entry.usageCount},
-        {QStringLiteral("source"), entry.sourceAppName ? QJsonValue(*entry.sourceAppName)
-                                                       : QJsonValue(QJsonValue::Null)},
+        {QStringLiteral("source"),
+         entry.sourceAppName ? QJsonValue(*entry.sourceAppName) : QJsonValue(QJsonValue::Null)},
         {QStringLiteral("copiedAt"), entry.copiedAt.toDateTime().toString(Qt::ISODateWithMs)},
     };
 }
@@ -73,8 +73,9 @@ void addControlCommands(ControlServer& server, const ControlledParts& parts) {
     server.handle(QStringLiteral("paste"), [parts](const QJsonObject& arguments) {
         return paste(parts, arguments.value(QStringLiteral("position")).toInt());
     });
-    server.handle(QStringLiteral("status"),
-                  [parts](const QJsonObject&) { return ControlReply{statusReport(parts), {}}; });
+    server.handle(QStringLiteral("status"), [parts](const QJsonObject&) {
+        return ControlReply{statusReport(parts), {}};
+    });
     server.handle(QStringLiteral("quit"), [parts](const QJsonObject&) {
         parts.environment.mainQueue.after({}, &parts.menu, parts.quit);
         return ControlReply{true, {}};

@@ -39,10 +39,9 @@ const RecentClipboardEntry* ClipboardHistory::entry(const QUuid& id) const {
 void ClipboardHistory::restore(QList<RecentClipboardEntry> entries) {
     m_recentClipboard.clear();
     for (RecentClipboardEntry& entry : entries) {
-        const bool isKnown =
-            std::any_of(m_recentClipboard.cbegin(), m_recentClipboard.cend(), [&](const auto& known) {
-                return isSameClip(known, entry.text, entry.imagePNGData);
-            });
+        const bool isKnown = std::any_of(
+            m_recentClipboard.cbegin(), m_recentClipboard.cend(),
+            [&](const auto& known) { return isSameClip(known, entry.text, entry.imagePNGData); });
         if (isKnown)
             continue;
         applyRememberedPin(entry);
@@ -175,8 +174,7 @@ void ClipboardHistory::trim() {
 }
 
 bool ClipboardHistory::survivesTrimming(const RecentClipboardEntry& entry) const {
-    return entry.pinned ||
-           (m_pins.areInFolders() && m_pins.isPinnedInFolder(identityKey(entry)));
+    return entry.pinned || (m_pins.areInFolders() && m_pins.isPinnedInFolder(identityKey(entry)));
 }
 
 void ClipboardHistory::trimCount() {

@@ -75,8 +75,7 @@ std::optional<RecentClipboardEntry> decodedEntry(const QJsonObject& object) {
     RecentClipboardEntry entry;
     entry.id = id;
     entry.text = object.value(field::text).toString();
-    entry.imagePNGData =
-        QByteArray::fromBase64(object.value(field::image).toString().toLatin1());
+    entry.imagePNGData = QByteArray::fromBase64(object.value(field::image).toString().toLatin1());
     entry.autoTags = decodedTags(object.value(field::tags).toArray());
     entry.sourceAppName = optionalText(object.value(field::appName));
     entry.sourceAppBundleIdentifier = optionalText(object.value(field::appIdentifier));
@@ -96,8 +95,7 @@ QByteArray encodedHistory(const QList<RecentClipboardEntry>& entries) {
 }
 
 DecodedHistory decodedHistory(const QByteArray& bytes) {
-    const QJsonValue array =
-        QJsonDocument::fromJson(bytes).object().value(field::entries);
+    const QJsonValue array = QJsonDocument::fromJson(bytes).object().value(field::entries);
     DecodedHistory history{{}, !array.isArray()};
     for (const QJsonValue& value : array.toArray()) {
         if (auto entry = decodedEntry(value.toObject()))

@@ -48,7 +48,9 @@ void apply(const QJsonObject& record, QList<RecentClipboardEntry>& entries) {
     }
 }
 
-FileError failure(const QFile& file) { return {FileProblem::unwritable, file.errorString()}; }
+FileError failure(const QFile& file) {
+    return {FileProblem::unwritable, file.errorString()};
+}
 
 } // namespace
 

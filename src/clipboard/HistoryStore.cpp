@@ -26,7 +26,9 @@ HistoryStore::HistoryStore(QString historyFile, QString journalFile, ClipboardHi
     connect(&m_history, &ClipboardHistory::changed, this, &HistoryStore::scheduleWrite);
 }
 
-HistoryStore::~HistoryStore() { m_disk.drain(); }
+HistoryStore::~HistoryStore() {
+    m_disk.drain();
+}
 
 void HistoryStore::load() {
     const QByteArray bytes = readOrSetAside(m_historyFile);
@@ -132,9 +134,8 @@ void HistoryStore::report(const QString& problem) {
     if (m_saveProblem == problem)
         return;
     m_saveProblem = problem;
-    logLine(problem.isEmpty()
-                ? QStringLiteral("[Quorvel History] saving works again")
-                : QStringLiteral("[Quorvel History] cannot save: %1").arg(problem));
+    logLine(problem.isEmpty() ? QStringLiteral("[Quorvel History] saving works again")
+                              : QStringLiteral("[Quorvel History] cannot save: %1").arg(problem));
     emit saveProblemChanged();
 }
 

@@ -16,8 +16,8 @@ class PasteboardWatcher final : public QObject {
     Q_OBJECT
 
 public:
-    PasteboardWatcher(Pasteboard& pasteboard, const Workspace& workspace,
-                      ClipboardHistory& history, const Clock& clock, MainQueue& mainQueue);
+    PasteboardWatcher(Pasteboard& pasteboard, const Workspace& workspace, ClipboardHistory& history,
+                      const Clock& clock, MainQueue& mainQueue);
 
     /// From now on changes are recorded: as they are announced, else by a poll.
     void start();

@@ -23,8 +23,7 @@ std::optional<ControlReply> sendControlRequest(const QString& socketPath,
         if (!socket.waitForReadyRead(answerPatience))
             break;
     const auto reply = ControlReply::fromLine(socket.readLine());
-    return reply ? reply
-                 : ControlReply{{}, QStringLiteral("the running instance gave no answer")};
+    return reply ? reply : ControlReply{{}, QStringLiteral("the running instance gave no answer")};
 }
 
 } // namespace quorvel

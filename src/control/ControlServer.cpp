@@ -16,7 +16,9 @@ QString ControlServer::listen(const QString& path) {
     return m_server.listen(path) ? QString() : m_server.errorString();
 }
 
-void ControlServer::close() { m_server.close(); }
+void ControlServer::close() {
+    m_server.close();
+}
 
 void ControlServer::accept() {
     while (QLocalSocket* socket = m_server.nextPendingConnection()) {

@@ -38,9 +38,8 @@ QString runtimeBase() {
 
 DataPaths DataPaths::fromEnvironment() {
     const QDir data(dataFolder());
-    const QDir config(
-        QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
-            .filePath(productFolder));
+    const QDir config(QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+                          .filePath(productFolder));
     const QDir runtime(runtimeBase());
     return {
         .historyFile = data.filePath(QStringLiteral("clipboard-history.json")),

@@ -4,6 +4,8 @@
 
 namespace quorvel {
 
-void logLine(const QString& line) { qInfo("%s", qUtf8Printable(line)); }
+void logLine(const QString& line) {
+    qInfo("%s", qUtf8Printable(line));
+}
 
 } // namespace quorvel

@@ -21,7 +21,9 @@ void WorkItem::cancel() {
         m_state->pending = false;
 }
 
-bool WorkItem::isPending() const { return m_state && m_state->pending; }
+bool WorkItem::isPending() const {
+    return m_state && m_state->pending;
+}
 
 WorkItem MainQueue::after(Milliseconds delay, QObject* receiver, Work work) {
     auto state = std::make_shared<WorkItem::State>();

@@ -42,6 +42,8 @@ StringTable StringTable::forLanguage(const QString& code) {
     return table;
 }
 
-QString StringTable::text(const QString& key) const { return m_texts.value(key, key); }
+QString StringTable::text(const QString& key) const {
+    return m_texts.value(key, key);
+}
 
 } // namespace quorvel

@@ -39,7 +39,9 @@ bool isSimple(QChar c) {
     return c.unicode() < firstCombiningMark && c != u'\r' && c.unicode() != 0xAD;
 }
 
-bool areSimple(QStringView units) { return std::all_of(units.begin(), units.end(), isSimple); }
+bool areSimple(QStringView units) {
+    return std::all_of(units.begin(), units.end(), isSimple);
+}
 
 /// The first `count` characters, or the whole text when it has no more.
 QString firstCharacters(const QString& text, int count) {

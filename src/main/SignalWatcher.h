@@ -4,7 +4,8 @@
 
 namespace quorvel {
 
-/// One per process. Turns the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) into a Qt signal.
+/// One per process. Turns the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) into a Qt
+/// signal.
 class SignalWatcher final : public QObject {
     Q_OBJECT
 

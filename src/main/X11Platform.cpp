@@ -52,9 +52,11 @@ X11Platform::~X11Platform() = default;
 
 Adapters X11Platform::adapters() {
     return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
-            m_parts->hotKeys,      m_parts->statusItem,   m_parts->menu,      m_parts->desktop};
+            m_parts->hotKeys,      m_parts->statusItem, m_parts->menu,      m_parts->desktop};
 }
 
-void X11Platform::warmUp() { m_parts->desktopFiles.preload(); }
+void X11Platform::warmUp() {
+    m_parts->desktopFiles.preload();
+}
 
 } // namespace quorvel

@@ -32,12 +32,13 @@ struct MenuItem {
     MenuAction action = MenuAction::none;
     QString representedObject; ///< Identifies what the action is about.
     KeyEquivalent keyEquivalent;
-    QString symbol;           ///< Name of the icon; empty for none.
-    QByteArray imagePNGData;  ///< Picture to show as a thumbnail instead of the symbol.
+    QString symbol;          ///< Name of the icon; empty for none.
+    QByteArray imagePNGData; ///< Picture to show as a thumbnail instead of the symbol.
     QString toolTip;
     bool enabled = true;
     int tag = 0;
-    QString identifier; ///< Names a submenu; with "-lazy-" in it, the submenu is filled when opened.
+    QString
+        identifier; ///< Names a submenu; with "-lazy-" in it, the submenu is filled when opened.
     QList<MenuItem> submenu;
 
     bool hasSubmenu() const { return !submenu.isEmpty() || isLazy(); }

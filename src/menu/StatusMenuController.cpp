@@ -33,7 +33,9 @@ void StatusMenuController::open(MenuVariant variant) {
     m_renderer.open(statusMenu(m_content, m_currentMenuVariant, m_saveProblem));
 }
 
-void StatusMenuController::close() { m_renderer.close(); }
+void StatusMenuController::close() {
+    m_renderer.close();
+}
 
 void StatusMenuController::warmUp() {
     if (!m_rootMenuIsOpen)

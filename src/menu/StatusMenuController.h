@@ -18,8 +18,8 @@ class StatusMenuController final : public QObject {
     Q_OBJECT
 
 public:
-    StatusMenuController(MenuContent content, ClipboardHistory& history,
-                         PasteboardWatcher& watcher, MenuRenderer& renderer);
+    StatusMenuController(MenuContent content, ClipboardHistory& history, PasteboardWatcher& watcher,
+                         MenuRenderer& renderer);
 
     /// Opens the menu, or closes it when it is open in this flavour already.
     void toggle(MenuVariant variant);

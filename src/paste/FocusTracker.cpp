@@ -2,8 +2,7 @@
 
 namespace quorvel {
 
-FocusTracker::FocusTracker(Workspace& workspace, MainQueue& mainQueue,
-                           qint64 ownProcessIdentifier)
+FocusTracker::FocusTracker(Workspace& workspace, MainQueue& mainQueue, qint64 ownProcessIdentifier)
     : m_workspace(workspace)
     , m_mainQueue(mainQueue)
     , m_ownProcessIdentifier(ownProcessIdentifier) {}

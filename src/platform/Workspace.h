@@ -14,9 +14,9 @@ enum class ApplicationKind {
 
 /// A program with a window in front.
 struct RunningApplication {
-    qint64 processIdentifier = 0;     ///< 0 when the window does not tell.
-    quint64 window = 0;               ///< The platform's handle of its top window.
-    std::optional<QString> name;      ///< Localized; absent when unknown.
+    qint64 processIdentifier = 0; ///< 0 when the window does not tell.
+    quint64 window = 0;           ///< The platform's handle of its top window.
+    std::optional<QString> name;  ///< Localized; absent when unknown.
     std::optional<QString> bundleIdentifier;
     ApplicationKind kind = ApplicationKind::ordinary;
 };

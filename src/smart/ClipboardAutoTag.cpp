@@ -9,9 +9,9 @@ namespace {
 
 /// In the order of the enumeration.
 constexpr std::array<const char*, 20> names{
-    "screenshot", "image",   "ticket", "pullRequest", "url",  "jiraIssue", "email",
-    "phone",      "date",    "address", "card",       "color", "name",     "iban",
-    "ip",         "uuid",    "json",   "code",        "multiline", "terminalCommand",
+    "screenshot", "image",   "ticket",    "pullRequest",     "url",  "jiraIssue", "email", "phone",
+    "date",       "address", "card",      "color",           "name", "iban",      "ip",    "uuid",
+    "json",       "code",    "multiline", "terminalCommand",
 };
 
 } // namespace

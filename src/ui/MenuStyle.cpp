@@ -23,7 +23,8 @@ QIcon::Mode iconMode(const QStyleOptionMenuItem& row) {
 QRect iconPlace(const QStyleOptionMenuItem& row) {
     const int width = row.icon.isMask() ? MenuStyle::iconSize : MenuStyle::iconColumn - 4;
     QRect place(0, 0, width, MenuStyle::iconSize);
-    place.moveCenter(QPoint(row.rect.left() + 4 + MenuStyle::iconColumn / 2, row.rect.center().y()));
+    place.moveCenter(
+        QPoint(row.rect.left() + 4 + MenuStyle::iconColumn / 2, row.rect.center().y()));
     return QStyle::visualRect(row.direction, row.rect, place);
 }
 

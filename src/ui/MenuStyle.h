@@ -11,8 +11,8 @@ class MenuStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    static constexpr int iconSize = 18;    ///< Points.
-    static constexpr int iconColumn = 30;  ///< Points, wide enough for a thumbnail.
+    static constexpr int iconSize = 18;   ///< Points.
+    static constexpr int iconColumn = 30; ///< Points, wide enough for a thumbnail.
     static constexpr int mostTitleWidth = 440;
 
     /// Marks a row as a caption in its style option.

@@ -60,7 +60,8 @@ void MenuWidget::setItems(const QList<MenuItem>& items) {
             addRow();
         for (size_t index = 0; index < size_t(items.size()); ++index)
             fill(index, items[qsizetype(index)]);
-        std::for_each(m_rows.begin() + items.size(), m_rows.end(), [this](Row& row) { empty(row); });
+        std::for_each(m_rows.begin() + items.size(), m_rows.end(),
+                      [this](Row& row) { empty(row); });
     }
     layOutAgain(before);
     if (highlighted && isVisible())
@@ -157,7 +158,8 @@ void MenuWidget::addRow() {
     auto* action = new QAction(this);
     action->setData(qulonglong(index));
     action->setIconVisibleInMenu(true);
-    connect(action, &QAction::triggered, this, [this, index] { m_context.chosen(m_rows[index].item); });
+    connect(action, &QAction::triggered, this,
+            [this, index] { m_context.chosen(m_rows[index].item); });
     m_rows.push_back({.action = action});
     addAction(action);
 }
@@ -255,7 +257,8 @@ void MenuWidget::showToolTip(const QHelpEvent& help) {
     if (text.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(help.globalPos(), text, this, actionGeometry(const_cast<QAction*>(action)));
+        QToolTip::showText(help.globalPos(), text, this,
+                           actionGeometry(const_cast<QAction*>(action)));
 }
 
 const MenuWidget::Row& MenuWidget::rowOf(const QAction& action) const {

@@ -38,7 +38,9 @@ NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
     connect(&m_grabRetry, &QTimer::timeout, this, &NativeMenu::secureGrabs);
 }
 
-void NativeMenu::setKeyPositions(const HotKeyCenter& keys) { m_keys = &keys; }
+void NativeMenu::setKeyPositions(const HotKeyCenter& keys) {
+    m_keys = &keys;
+}
 
 void NativeMenu::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
     m_closingKey = nativeKeyCode;
@@ -81,7 +83,9 @@ void NativeMenu::close() {
     finish();
 }
 
-bool NativeMenu::isOpen() const { return m_phase == Phase::open; }
+bool NativeMenu::isOpen() const {
+    return m_phase == Phase::open;
+}
 
 Modifiers NativeMenu::currentModifiers() const {
     return modifiersFrom(QGuiApplication::queryKeyboardModifiers());
@@ -113,9 +117,8 @@ bool NativeMenu::takesKey(const QKeyEvent& press) {
             close();
         return true;
     }
-    const auto item = m_menu.find([&](const MenuItem& candidate) {
-        return means(press, candidate.keyEquivalent, m_keys);
-    });
+    const auto item = m_menu.find(
+        [&](const MenuItem& candidate) { return means(press, candidate.keyEquivalent, m_keys); });
     if (item && !press.isAutoRepeat())
         choose(*item);
     return item.has_value();
@@ -166,7 +169,8 @@ void NativeMenu::secureGrabs() {
         m_grabRetry.start(grabRetryMilliseconds);
         return;
     }
-    logLine(QStringLiteral("[Quorvel Menu] Closed: another program holds the pointer or keyboard."));
+    logLine(
+        QStringLiteral("[Quorvel Menu] Closed: another program holds the pointer or keyboard."));
     close();
 }
 

@@ -34,8 +34,8 @@ void TrayHost::start() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    auto* watcher = new QDBusServiceWatcher(
-        watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    auto* watcher = new QDBusServiceWatcher(watcherService, bus,
+                                            QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &TrayHost::askForHost);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { setNotifier(Notifier::absent); });
@@ -79,7 +79,8 @@ void TrayHost::askForHost() {
 void TrayHost::hostAnswered(const QDBusMessage& answer) {
     if (m_notifier != Notifier::asking)
         return;
-    const bool isReply = answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty();
+    const bool isReply =
+        answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty();
     const bool registered =
         isReply && answer.arguments().constFirst().value<QDBusVariant>().variant().toBool();
     setNotifier(registered ? Notifier::present : Notifier::absent);
@@ -96,9 +97,13 @@ void TrayHost::tellChange(TrayKind before) {
         emit kindChanged();
 }
 
-void TrayHost::hostRegistered() { setNotifier(Notifier::present); }
+void TrayHost::hostRegistered() {
+    setNotifier(Notifier::present);
+}
 
 /// Others may still be registered.
-void TrayHost::hostUnregistered() { askForHost(); }
+void TrayHost::hostUnregistered() {
+    askForHost();
+}
 
 } // namespace quorvel

@@ -27,9 +27,10 @@ struct Program {
                 home + QStringLiteral("/run"),
                 home + QStringLiteral("/run/control"),
                 home + QStringLiteral("/run/lock")}
-        , delegate({paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
-                   {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem,
-                    menu, desktop}) {}
+        , delegate(
+              {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
+              {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
+               desktop}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -76,17 +77,19 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
     QObject::connect(&program.delegate, &AppDelegate::stepDone,
                      [&](const QString& name) { steps.append(name); });
     ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
-    EXPECT_EQ(steps.join(u'|'), QStringLiteral("preferences|accessibility trust|status item|history|"
-                                               "pasteboard watcher|focus tracker|hot keys|menu|"
-                                               "control socket"));
+    EXPECT_EQ(steps.join(u'|'),
+              QStringLiteral("preferences|accessibility trust|status item|history|"
+                             "pasteboard watcher|focus tracker|hot keys|menu|"
+                             "control socket"));
     EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
     program.mainQueue.advance(1s);
     EXPECT_EQ(program.menu.warmUps, 1);
     steps.clear();
     program.delegate.applicationWillTerminate();
     program.delegate.applicationWillTerminate();
-    EXPECT_EQ(steps.join(u'|'), QStringLiteral("control socket|pasteboard watcher and focus tracker|"
-                                               "history|menu|hot keys"));
+    EXPECT_EQ(steps.join(u'|'),
+              QStringLiteral("control socket|pasteboard watcher and focus tracker|"
+                             "history|menu|hot keys"));
     EXPECT_EQ(program.hotKeys.registrationCount(), 0);
 }
 
@@ -160,13 +163,16 @@ TEST_F(AppDelegateTest, FailedPastesAreTold) {
 TEST_F(AppDelegateTest, TheControlSocketAnswers) {
     Program program(home.path());
     program.delegate.applicationDidFinishLaunching();
-    EXPECT_TRUE(ask(program, QStringLiteral("copy"), {{QStringLiteral("text"), QStringLiteral("hi\n")}}).isOk());
+    EXPECT_TRUE(
+        ask(program, QStringLiteral("copy"), {{QStringLiteral("text"), QStringLiteral("hi\n")}})
+            .isOk());
     const QJsonArray list = ask(program, QStringLiteral("list")).result.toArray();
     ASSERT_EQ(list.size(), 1);
     const QJsonObject clip = list.first().toObject();
     EXPECT_EQ(clip.value(QStringLiteral("text")), QJsonValue(QStringLiteral("hi\n")));
     EXPECT_EQ(clip.value(QStringLiteral("position")), QJsonValue(1));
-    EXPECT_EQ(clip.value(QStringLiteral("copiedAt")), QJsonValue(QStringLiteral("2026-05-09T06:13:20.000Z")));
+    EXPECT_EQ(clip.value(QStringLiteral("copiedAt")),
+              QJsonValue(QStringLiteral("2026-05-09T06:13:20.000Z")));
     EXPECT_EQ(program.pasteboard.string(), QStringLiteral("hi\n"));
 
     EXPECT_FALSE(ask(program, QStringLiteral("paste"), {{QStringLiteral("position"), 2}}).isOk());

@@ -38,8 +38,9 @@ TEST_F(ClipboardHistoryTest, PicturesAreTheSameByTheirBytes) {
     picture("one");
     EXPECT_EQ(history.recentClipboard().size(), 2);
     // SHA-256 of "abc": FIPS 180-4, example 1.
-    EXPECT_EQ(identityKey(QStringLiteral("text"), "abc"),
-              QStringLiteral("image:ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"));
+    EXPECT_EQ(
+        identityKey(QStringLiteral("text"), "abc"),
+        QStringLiteral("image:ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"));
 }
 
 TEST_F(ClipboardHistoryTest, TrimmingKeepsTheNewestAndThePinned) {

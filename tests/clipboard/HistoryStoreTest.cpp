@@ -83,7 +83,8 @@ TEST_F(HistoryStoreTest, TheFileHasItsExactShape) {
 }
 )");
     const auto mode = QFile::permissions(run.historyFile) & QFile::Permissions(0x0FF);
-    EXPECT_EQ(mode & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup), QFile::Permissions());
+    EXPECT_EQ(mode & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup),
+              QFile::Permissions());
 }
 
 TEST_F(HistoryStoreTest, ABurstIsOneWriteAndTheJournalBridgesIt) {
@@ -172,7 +173,8 @@ TEST_F(HistoryStoreTest, ATornJournalLineLosesOnlyItself) {
         run.insert(QStringLiteral("b"));
         run.disk.forget();
     }
-    EXPECT_EQ(Session(data.path()).texts(), QStringList({QStringLiteral("b"), QStringLiteral("a")}));
+    EXPECT_EQ(Session(data.path()).texts(),
+              QStringList({QStringLiteral("b"), QStringLiteral("a")}));
 }
 
 TEST_F(HistoryStoreTest, DamagedFilesAreSetAsideAndTheRestIsKept) {
@@ -187,7 +189,7 @@ TEST_F(HistoryStoreTest, DamagedFilesAreSetAsideAndTheRestIsKept) {
         qsizetype kept;
     };
     const Case cases[] = {
-        {"", 0},      {whole.left(whole.size() / 2), 0}, {"[]", 0}, {"{\"entries\": 3}", 0},
+        {"", 0},        {whole.left(whole.size() / 2), 0}, {"[]", 0}, {"{\"entries\": 3}", 0},
         {wrongType, 1}, {QByteArray("\0\xff\x80", 3), 0},
     };
     for (const Case& c : cases) {

@@ -33,8 +33,8 @@ TEST_P(PasteboardWatcherTest, RecordsACopyWithItsFormsAndSource) {
     RunningApplication editor;
     editor.name = QStringLiteral("Editor");
     workspace.setFrontmost(editor);
-    const ClipboardSnapshotItem rich{{{QStringLiteral("text/html"), "<b>x</b>"},
-                                      {pasteboardTypeString, "x"}}};
+    const ClipboardSnapshotItem rich{
+        {{QStringLiteral("text/html"), "<b>x</b>"}, {pasteboardTypeString, "x"}}};
     pasteboard.copyFromOutside({rich});
     letAPollPass();
     ASSERT_EQ(texts(), QStringList(QStringLiteral("x")));

@@ -42,8 +42,15 @@ TEST_F(PreferencesTest, NumbersAreClampedAndZeroMeansTheDefault) {
         int storage;
     };
     const Case cases[] = {
-        {QJsonValue::Undefined, 5, 20}, {0, 5, 20},     {-3, 1, 4},     {80, 50, 200}, {200, 50, 200},
-        {QStringLiteral("7"), 5, 20},   {1e300, 50, 200}, {-1e300, 1, 4}, {7.9, 7, 28},
+        {QJsonValue::Undefined, 5, 20},
+        {0, 5, 20},
+        {-3, 1, 4},
+        {80, 50, 200},
+        {200, 50, 200},
+        {QStringLiteral("7"), 5, 20},
+        {1e300, 50, 200},
+        {-1e300, 1, 4},
+        {7.9, 7, 28},
     };
     for (const Case& c : cases) {
         writeFile(QJsonDocument(QJsonObject{{QStringLiteral("clipboardHistoryLimit"), c.stored}})
@@ -90,7 +97,8 @@ TEST_F(PreferencesTest, StoredShortcuts) {
 
 TEST_F(PreferencesTest, BaseUrlsFallBackToTheOldTextAndTheEnvironment) {
     const auto& key = keys::ticketTrackerBaseURLs;
-    const QStringList several{QStringLiteral("https://a.example"), QStringLiteral("https://b.example")};
+    const QStringList several{QStringLiteral("https://a.example"),
+                              QStringLiteral("https://b.example")};
     EXPECT_TRUE(preferences.baseUrls(key).isEmpty());
     qputenv("QUORVEL_TEST_BASE", "https://env.example");
     EXPECT_EQ(preferences.baseUrls(key, "QUORVEL_TEST_BASE"),

@@ -29,8 +29,9 @@ QJsonObject table(const QString& language) {
 QSet<QString> literals() {
     static const QRegularExpression literal(QStringLiteral("\"([A-Za-z.]+)\""));
     QSet<QString> found;
-    QDirIterator files(QStringLiteral(QUORVEL_SOURCES), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
-                       QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(QStringLiteral(QUORVEL_SOURCES),
+                       {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                       QDirIterator::Subdirectories);
     while (files.hasNext()) {
         auto matches = literal.globalMatch(contentOf(files.next()));
         while (matches.hasNext())
@@ -72,7 +73,8 @@ TEST(StringTable, TheLocaleChoosesTheLanguage) {
         return StringTable::forLocale(QLocale(QString::fromLatin1(locale)))
             .text(QStringLiteral("action.quit"));
     };
-    EXPECT_EQ(quit("de_AT"), StringTable::forLanguage(QStringLiteral("de")).text(QStringLiteral("action.quit")));
+    EXPECT_EQ(quit("de_AT"),
+              StringTable::forLanguage(QStringLiteral("de")).text(QStringLiteral("action.quit")));
     EXPECT_NE(quit("de_AT"), quit("en_GB"));
     EXPECT_EQ(quit("fi_FI"), quit("en_GB"));
 }

@@ -53,7 +53,8 @@ TEST_F(StatusMenuTest, RecentClipsUpToTheLimitAndTheRestBehind) {
         insert(QStringLiteral("clip %1").arg(i));
     const QList<MenuItem> tree = statusMenu(content, MenuVariant::main, {});
     EXPECT_EQ(tree.at(1).title, QStringLiteral("clip 14"));
-    EXPECT_EQ(tree.at(1).representedObject, history.recentClipboard().first().id.toString(QUuid::WithoutBraces).toUpper());
+    EXPECT_EQ(tree.at(1).representedObject,
+              history.recentClipboard().first().id.toString(QUuid::WithoutBraces).toUpper());
     EXPECT_EQ(tree.at(1).tag, 4101);
     EXPECT_EQ(tree.at(1).keyEquivalent, (KeyEquivalent{QStringLiteral("1"), Modifier::command}));
     EXPECT_EQ(tree.at(10).keyEquivalent, (KeyEquivalent{QStringLiteral("0"), Modifier::command}));
@@ -71,8 +72,8 @@ TEST_F(StatusMenuTest, PinnedClipsStandInTheirOwnSection) {
     insert(QStringLiteral("b"));
     history.togglePin(idOf(QStringLiteral("a")));
     const QString header = text("menu.pinnedClipsHeader");
-    EXPECT_EQ(titles().mid(3, 3),
-              QStringList({QStringLiteral("-"), header + QStringLiteral(" (1)"), QStringLiteral("a")}));
+    EXPECT_EQ(titles().mid(3, 3), QStringList({QStringLiteral("-"), header + QStringLiteral(" (1)"),
+                                               QStringLiteral("a")}));
     preferences.set(keys::sectionCountersEnabled, false);
     EXPECT_EQ(titles().at(4), header);
 }

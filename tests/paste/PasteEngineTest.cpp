@@ -68,9 +68,10 @@ TEST_F(PasteEngineTest, ItsWriteIsNotRecorded) {
 }
 
 TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
-    const ClipboardSnapshotItem rich{{{QStringLiteral("text/html"), "<b>x</b>"},
-                                      {QStringLiteral("UTF8_STRING"), "x"},
-                                      {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
+    const ClipboardSnapshotItem rich{
+        {{QStringLiteral("text/html"), "<b>x</b>"},
+         {QStringLiteral("UTF8_STRING"), "x"},
+         {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
     engine.pasteRecentSnippet(copied({rich}));
     const auto& written = pasteboard.items().first().payloadByType;
     EXPECT_EQ(written.mid(0, 3), rich.payloadByType);

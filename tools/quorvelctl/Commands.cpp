@@ -11,19 +11,18 @@ namespace quorvel::ctl {
 namespace {
 
 QByteArray json(const QJsonValue& value) {
-    const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray())
-                                                   : QJsonDocument(value.toObject());
+    const QJsonDocument document =
+        value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
     return document.toJson();
 }
 
 QString line(const QJsonObject& clip) {
     constexpr int titleLimit = 100;
     constexpr int titleTail = 20;
-    const QString title =
-        clip.value(QStringLiteral("image")).toBool()
-            ? QStringLiteral("[picture]")
-            : shortened(singleLine(clip.value(QStringLiteral("text")).toString()), titleLimit,
-                        titleTail);
+    const QString title = clip.value(QStringLiteral("image")).toBool()
+                              ? QStringLiteral("[picture]")
+                              : shortened(singleLine(clip.value(QStringLiteral("text")).toString()),
+                                          titleLimit, titleTail);
     const QString mark =
         clip.value(QStringLiteral("pinned")).toBool() ? QStringLiteral("*") : QStringLiteral(" ");
     return QStringLiteral("%1%2 %3\n")
@@ -106,9 +105,9 @@ QString usage() {
 }
 
 std::optional<Invocation> parse(const QStringList& arguments, QString& problem) {
-    static const QStringList commands{
-        QStringLiteral("list"),  QStringLiteral("show"),   QStringLiteral("copy"),
-        QStringLiteral("paste"), QStringLiteral("status"), QStringLiteral("quit")};
+    static const QStringList commands{QStringLiteral("list"),   QStringLiteral("show"),
+                                      QStringLiteral("copy"),   QStringLiteral("paste"),
+                                      QStringLiteral("status"), QStringLiteral("quit")};
     QStringList words = arguments;
     const bool asJson = takeFlag(words, QStringLiteral("--json"));
     const QString command = words.isEmpty() ? QString() : words.takeFirst();

@@ -9,7 +9,9 @@ namespace quorvel {
 
 namespace {
 
-QString named(const char* name) { return QString::fromLatin1(name); }
+QString named(const char* name) {
+    return QString::fromLatin1(name);
+}
 
 QStringList strings(const QJsonArray& array) {
     QStringList list;
@@ -28,7 +30,9 @@ bool Preferences::isOn(const keys::Switch& key) const {
     return m_store.value(named(key.name)).toBool(key.byDefault);
 }
 
-void Preferences::set(const keys::Switch& key, bool on) { m_store.set(named(key.name), on); }
+void Preferences::set(const keys::Switch& key, bool on) {
+    m_store.set(named(key.name), on);
+}
 
 int Preferences::number(const keys::Number& key) const {
     const double stored = m_store.value(named(key.name)).toDouble();
@@ -91,7 +95,9 @@ void Preferences::set(const keys::Record& key, const QJsonValue& value) {
     m_store.set(named(key.name), value);
 }
 
-void Preferences::clear(const keys::Record& key) { m_store.remove(named(key.name)); }
+void Preferences::clear(const keys::Record& key) {
+    m_store.remove(named(key.name));
+}
 
 int Preferences::historyStorageCount() const {
     const int limit = number(keys::clipboardHistoryLimit);

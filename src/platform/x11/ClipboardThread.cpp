@@ -26,7 +26,9 @@ const T& as(const xcb_generic_event_t& event) {
     return reinterpret_cast<const T&>(event);
 }
 
-bool isUsable(const ClipboardSnapshotItem& item) { return !item.payloadByType.isEmpty(); }
+bool isUsable(const ClipboardSnapshotItem& item) {
+    return !item.payloadByType.isEmpty();
+}
 
 } // namespace
 
@@ -60,10 +62,10 @@ bool ClipboardThread::setUp() {
     m_clipboard = m_atoms->atom(QStringLiteral("CLIPBOARD"));
     m_timeProperty = m_atoms->atom(QStringLiteral("QUORVEL_TIME"));
     createWindow();
-    m_server = std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window,
-                                                 m_clipboard);
-    m_primaryServer = std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window,
-                                                        XCB_ATOM_PRIMARY);
+    m_server =
+        std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window, m_clipboard);
+    m_primaryServer =
+        std::make_unique<SelectionServer>(m_connection.get(), *m_atoms, m_window, XCB_ATOM_PRIMARY);
     fetchContentFromBeforeStart();
     return true;
 }

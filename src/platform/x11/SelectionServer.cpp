@@ -45,7 +45,9 @@ void SelectionServer::giveUp(xcb_timestamp_t time) {
     xcb_flush(m_connection);
 }
 
-void SelectionServer::lost() { m_offers.clear(); }
+void SelectionServer::lost() {
+    m_offers.clear();
+}
 
 xcb_timestamp_t SelectionServer::ownedSince() const {
     return m_offers.isEmpty() ? XCB_CURRENT_TIME : m_offers.last().since;
@@ -103,8 +105,7 @@ bool SelectionServer::convert(const Offer& offer, xcb_window_t requestor, xcb_at
     return convertContent(offer, requestor, target, property);
 }
 
-void SelectionServer::sendTargets(const Offer& offer, xcb_window_t requestor,
-                                  xcb_atom_t property) {
+void SelectionServer::sendTargets(const Offer& offer, xcb_window_t requestor, xcb_atom_t property) {
     QList<xcb_atom_t> targets{
         m_atoms.atom(QStringLiteral("TARGETS")),
         m_atoms.atom(QStringLiteral("TIMESTAMP")),
@@ -112,8 +113,8 @@ void SelectionServer::sendTargets(const Offer& offer, xcb_window_t requestor,
     };
     for (const PasteboardRepresentation& representation : offer.content.payloadByType)
         targets.append(m_atoms.atom(representation.type));
-    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM,
-                        32, uint32_t(targets.size()), targets.constData());
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM, 32,
+                        uint32_t(targets.size()), targets.constData());
 }
 
 bool SelectionServer::convertContent(const Offer& offer, xcb_window_t requestor, xcb_atom_t target,
@@ -196,8 +197,9 @@ void SelectionServer::sendPiece(Outgoing& outgoing) {
 }
 
 void SelectionServer::stopWatching(xcb_window_t requestor) {
-    const bool stillSending = std::any_of(m_outgoing.begin(), m_outgoing.end(),
-                                          [&](const Outgoing& o) { return o.requestor == requestor; });
+    const bool stillSending =
+        std::any_of(m_outgoing.begin(), m_outgoing.end(),
+                    [&](const Outgoing& o) { return o.requestor == requestor; });
     if (stillSending)
         return;
     const uint32_t events = XCB_EVENT_MASK_NO_EVENT;
@@ -213,9 +215,8 @@ std::optional<SelectionServer::Clock::time_point> SelectionServer::deadline() co
     if (m_outgoing.empty())
         return std::nullopt;
     const auto oldest =
-        std::min_element(m_outgoing.begin(), m_outgoing.end(), [](const auto& a, const auto& b) {
-            return a.lastSign < b.lastSign;
-        });
+        std::min_element(m_outgoing.begin(), m_outgoing.end(),
+                         [](const auto& a, const auto& b) { return a.lastSign < b.lastSign; });
     return oldest->lastSign + outgoingPatience;
 }
 

@@ -21,11 +21,11 @@ const QString nothingUsable = QStringLiteral("its owner gave no content");
 /// Targets that are requests about the selection, not forms of its content.
 bool isPseudoTarget(const QString& type) {
     static const QSet<QString> names{
-        QStringLiteral("TARGETS"),          QStringLiteral("TIMESTAMP"),
-        QStringLiteral("MULTIPLE"),         QStringLiteral("SAVE_TARGETS"),
-        QStringLiteral("DELETE"),           QStringLiteral("INSERT_SELECTION"),
-        QStringLiteral("INSERT_PROPERTY"),  QStringLiteral("CLIENT_WINDOW"),
-        QStringLiteral("ATOM_PAIR"),        QStringLiteral("LENGTH"),
+        QStringLiteral("TARGETS"),         QStringLiteral("TIMESTAMP"),
+        QStringLiteral("MULTIPLE"),        QStringLiteral("SAVE_TARGETS"),
+        QStringLiteral("DELETE"),          QStringLiteral("INSERT_SELECTION"),
+        QStringLiteral("INSERT_PROPERTY"), QStringLiteral("CLIENT_WINDOW"),
+        QStringLiteral("ATOM_PAIR"),       QStringLiteral("LENGTH"),
     };
     return names.contains(type);
 }
@@ -204,7 +204,9 @@ void SelectionTransfer::expire() {
     finish(m_awaitingTypes || (m_next == 0 && !m_incremental) ? ownerSilent : ownerStalled);
 }
 
-void SelectionTransfer::cutShort(const QString& reason) { finish(reason); }
+void SelectionTransfer::cutShort(const QString& reason) {
+    finish(reason);
+}
 
 void SelectionTransfer::finish(const QString& problem) {
     m_finished = true;
@@ -221,9 +223,8 @@ TransferResult SelectionTransfer::takeResult() {
         if (!slot.data)
             continue;
         // A text comes under many names with the same bytes: keep them once.
-        const auto same = std::find_if(contents.cbegin(), contents.cend(), [&](const auto& known) {
-            return known.data == *slot.data;
-        });
+        const auto same = std::find_if(contents.cbegin(), contents.cend(),
+                                       [&](const auto& known) { return known.data == *slot.data; });
         const QByteArray data = same == contents.cend() ? *slot.data : same->data;
         contents.append({slot.type, data});
     }

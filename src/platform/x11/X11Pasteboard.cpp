@@ -39,7 +39,10 @@ X11Pasteboard::X11Pasteboard(QObject* parent, TransferLimits limits)
     : m_wakeFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     setParent(parent);
     m_exchange = std::make_unique<ClipboardExchange>(
-        [this] { QMetaObject::invokeMethod(this, [this] { receive(); }, Qt::QueuedConnection); },
+        [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { receive(); }, Qt::QueuedConnection);
+        },
         [this] { wakeThread(); });
     m_worker = std::make_unique<Worker>(*m_exchange, m_wakeFd, limits);
     m_connected = m_worker->start();
@@ -83,11 +86,14 @@ qint64 X11Pasteboard::write(const QList<ClipboardSnapshotItem>& items) {
     m_text = plainText(m_item);
     m_imagePng = ownPng(m_item);
     ++m_changeCount;
-    QMetaObject::invokeMethod(this, [this] { emit changed(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { emit changed(); }, Qt::QueuedConnection);
     return m_changeCount;
 }
 
-PasteboardActivity X11Pasteboard::activity() const { return m_exchange->activity(); }
+PasteboardActivity X11Pasteboard::activity() const {
+    return m_exchange->activity();
+}
 
 void X11Pasteboard::offerAsPrimary() {
     m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
