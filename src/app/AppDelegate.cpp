@@ -13,7 +13,7 @@ constexpr std::chrono::milliseconds menuWarmUpDelay{300};
 
 } // namespace
 
-AppDelegate::AppDelegate(Environment environment, Adapters adapters)
+AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     : m_environment(std::move(environment))
     , m_adapters(adapters)
     , m_instanceLock(m_environment.paths.instanceLock)

@@ -30,7 +30,7 @@ public:
         qint64 processIdentifier;
     };
 
-    AppDelegate(Environment environment, Adapters adapters);
+    AppDelegate(Environment environment, const Adapters& adapters);
     ~AppDelegate() override;
 
     /// Runs the start, in order. False when another instance runs: it has been asked to show its

@@ -49,7 +49,7 @@ void ClipboardPins::pin(const QString& key, std::optional<Date> until) {
 
 void ClipboardPins::unpin(const QString& key) {
     QJsonArray kept;
-    for (const QJsonValue& text : m_preferences.record(keys::pinnedClipboardTexts).toArray())
+    for (const auto& text : m_preferences.record(keys::pinnedClipboardTexts).toArray())
         if (text.toString() != key)
             kept.append(text);
     QJsonObject expirations = m_preferences.record(keys::pinnedClipboardExpirations).toObject();

@@ -30,7 +30,7 @@ QJsonArray encodedTags(const QList<ClipboardAutoTag>& tags) {
 
 QList<ClipboardAutoTag> decodedTags(const QJsonArray& names) {
     QList<ClipboardAutoTag> tags;
-    for (const QJsonValue& name : names)
+    for (const auto& name : names)
         if (const auto tag = autoTagNamed(name.toString()))
             tags.append(*tag);
     return tags;
@@ -97,7 +97,7 @@ QByteArray encodedHistory(const QList<RecentClipboardEntry>& entries) {
 DecodedHistory decodedHistory(const QByteArray& bytes) {
     const QJsonValue array = QJsonDocument::fromJson(bytes).object().value(field::entries);
     DecodedHistory history{{}, !array.isArray()};
-    for (const QJsonValue& value : array.toArray()) {
+    for (const auto& value : array.toArray()) {
         if (auto entry = decodedEntry(value.toObject()))
             history.entries.append(std::move(*entry));
         else

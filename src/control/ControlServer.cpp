@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-void ControlServer::handle(const QString& command, Handler handler) {
-    m_handlers.insert(command, std::move(handler));
+void ControlServer::handle(const QString& command, const Handler& handler) {
+    m_handlers.insert(command, handler);
 }
 
 QString ControlServer::listen(const QString& path) {

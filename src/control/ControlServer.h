@@ -20,7 +20,7 @@ class ControlServer final : public QObject {
 public:
     using Handler = std::function<ControlReply(const QJsonObject& arguments)>;
 
-    void handle(const QString& command, Handler handler);
+    void handle(const QString& command, const Handler& handler);
 
     /// Opens the socket, replacing one that a crashed instance has left (the caller holds the
     /// instance lock). Returns what went wrong; empty when it listens.

@@ -12,6 +12,8 @@ namespace quorvel {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 void expect(bool condition, const char* what) {
     if (!condition)
         throw std::runtime_error(what);
@@ -82,9 +84,9 @@ xcb_window_t X11Outside::open(const QByteArray& windowClass, const QByteArray& t
                             m_connection.atom(QStringLiteral("_NET_WM_WINDOW_TYPE")), XCB_ATOM_ATOM,
                             32, 1, &atom);
     }
-    xcb_map_window(m_connection.xcb(), window);
-    m_connection.flush();
     const auto isShown = [&] {
+        // Asked for each time: a window manager that is just starting overlooks the first time.
+        xcb_map_window(m_connection.xcb(), window);
         const auto cookie = xcb_get_window_attributes(m_connection.xcb(), window);
         const auto attributes = m_connection.reply(xcb_get_window_attributes_reply, cookie);
         return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
@@ -131,6 +133,10 @@ void X11Outside::fake(quint8 kind, xcb_keycode_t key) {
     if (kind == XCB_KEY_PRESS)
         m_pressed.append(key);
     settle();
+    // No finger is back within the millisecond in which it let go; a repeating key is.
+    const auto done = std::chrono::steady_clock::now();
+    if (kind == XCB_KEY_RELEASE)
+        waitUntil([&] { return std::chrono::steady_clock::now() - done >= 2ms; });
 }
 
 void X11Outside::type(const QList<xcb_keycode_t>& keys) {

@@ -35,7 +35,7 @@ protected:
         if (!value.isObject())
             return value.toInteger();
         qint64 sum = 0;
-        for (const QJsonValue& count : value.toObject())
+        for (const auto& count : value.toObject())
             sum += count.toInteger();
         return sum;
     }

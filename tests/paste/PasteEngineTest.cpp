@@ -73,7 +73,7 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
          {QStringLiteral("UTF8_STRING"), "x"},
          {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
     engine.pasteRecentSnippet(copied({rich}));
-    const auto& written = pasteboard.items().first().payloadByType;
+    const auto written = pasteboard.items().first().payloadByType;
     EXPECT_EQ(written.mid(0, 3), rich.payloadByType);
     EXPECT_EQ(written.at(3), (PasteboardRepresentation{pasteboardTypeString, "x"}));
 }

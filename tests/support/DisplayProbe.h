@@ -21,6 +21,10 @@ public:
     /// Whether a window manager is at work.
     bool hasWindowManager() const;
 
+    /// Whether the window manager has come so far that it answers requests. The request is made
+    /// anew each time: one that is still starting overlooks some.
+    bool windowManagerAnswers() const;
+
     /// Whether some program takes tray icons in the older, window-embedding way.
     bool hasTray() const { return owner("_NET_SYSTEM_TRAY_S0") != 0; }
 
@@ -30,8 +34,10 @@ public:
 private:
     quint32 atom(const QByteArray& name) const;
     quint32 windowIn(quint32 window, const QByteArray& property) const;
+    quint32 root() const;
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> m_connection;
+    quint32 m_window = 0; ///< Never shown.
 };
 
 } // namespace quorvel

@@ -170,7 +170,7 @@ void PrivateDesktop::startSessionBus() {
 
 void PrivateDesktop::startWindowManager() {
     startPart(QStringLiteral("openbox"), {}, "window manager",
-              [this] { return m_probe->hasWindowManager(); });
+              [this] { return m_probe->windowManagerAnswers(); });
 }
 
 void PrivateDesktop::startTray(TrayHost host) {

@@ -34,7 +34,7 @@ QString clipList(const QJsonArray& clips) {
     if (clips.isEmpty())
         return QStringLiteral("The history is empty.\n");
     QString text;
-    for (const QJsonValue& clip : clips)
+    for (const auto& clip : clips)
         text += line(clip.toObject());
     return text;
 }
@@ -52,7 +52,7 @@ QString outline(const QJsonValue& value, int depth) {
     const QString indent(depth * 2, QLatin1Char(' '));
     QString text;
     if (value.isArray()) {
-        for (const QJsonValue& element : value.toArray())
+        for (const auto& element : value.toArray())
             text += element.isObject() ? outline(element, depth) : indent + plain(element) + u'\n';
         return text;
     }

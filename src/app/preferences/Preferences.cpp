@@ -15,7 +15,7 @@ QString named(const char* name) {
 
 QStringList strings(const QJsonArray& array) {
     QStringList list;
-    for (const QJsonValue& value : array)
+    for (const auto& value : array)
         if (value.isString())
             list.append(value.toString());
     return list;

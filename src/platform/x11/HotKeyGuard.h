@@ -14,15 +14,15 @@ class HotKeyGuard {
 public:
     virtual ~HotKeyGuard() = default;
 
-    /// The key of a pressed hot key that was not released so far: until then every key of the
+    /// The key of a pressed hot key that was not released so far: until it is, every key of the
     /// keyboard comes to us instead of the program in front.
     virtual std::optional<xcb_keycode_t> heldKey() const = 0;
 
-    /// Gives the keyboard back if a held hot key has it, and lets this combination (a key with
-    /// the server's modifier bits) pass.
+    /// Lets this combination (a key with the server's modifier bits) pass.
     virtual void standAside(xcb_keycode_t key, quint16 modifiers) = 0;
 
-    /// To be called when the server has processed the posted keys, their release included.
+    /// To be called when the server has processed the posted keys, their release and that of the
+    /// held key included.
     virtual void standBack() = 0;
 };
 

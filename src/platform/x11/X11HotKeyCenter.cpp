@@ -6,7 +6,7 @@
 
 #include <QGuiApplication>
 
-#include <algorithm>
+#include <utility>
 
 namespace quorvel {
 
@@ -15,8 +15,13 @@ namespace {
 constexpr KeyPosition firstNumberKey = 10;
 constexpr quint16 modifierBits = 0xff; ///< The rest of an event's state is buttons and the group.
 
-/// A held key repeats more often than this; so much later it was let go without our seeing it.
+/// In the server's milliseconds. A held key repeats more often than this; so much later it was let
+/// go without our seeing it.
 constexpr xcb_timestamp_t longestRepeatGap = 2000;
+
+/// A nested or remote server goes on repeating a key that we have released in the user's place:
+/// faster than fingers are.
+constexpr xcb_timestamp_t quickestFingers = 80;
 
 xcb_connection_t* qtConnection() {
     auto* application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -116,9 +121,6 @@ std::optional<xcb_keycode_t> X11HotKeyCenter::heldKey() const {
 }
 
 void X11HotKeyCenter::standAside(xcb_keycode_t key, quint16 modifiers) {
-    if (m_held)
-        xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
-    m_held.reset();
     for (const HotKey& hotKey : qAsConst(m_hotKeys))
         if (hotKey.isFor(key, modifiers)) {
             ungrab(hotKey);
@@ -128,6 +130,9 @@ void X11HotKeyCenter::standAside(xcb_keycode_t key, quint16 modifiers) {
 }
 
 void X11HotKeyCenter::standBack() {
+    // Whoever posted keys has released it, and the server tells us only later.
+    if (m_held)
+        m_forced = std::exchange(m_held, std::nullopt);
     for (const HotKey& hotKey : qAsConst(m_aside))
         if (const int status = grab(hotKey); status != 0)
             logLine(u"[Quorvel HotKey] lost id=%1 status=%2"_qs.arg(hotKey.id).arg(status));
@@ -146,9 +151,8 @@ bool X11HotKeyCenter::nativeEventFilter(const QByteArray& type, void* message, q
     const int kind = event.response_type & 0x7f;
     if (kind == XCB_KEY_PRESS)
         return handlePress(reinterpret_cast<const xcb_key_press_event_t&>(event));
-    if (kind == XCB_KEY_RELEASE && m_held &&
-        reinterpret_cast<const xcb_key_release_event_t&>(event).detail == m_held->key)
-        m_held.reset();
+    if (kind == XCB_KEY_RELEASE)
+        handleRelease(reinterpret_cast<const xcb_key_release_event_t&>(event));
     if (kind == XCB_MAPPING_NOTIFY || kind == m_xkbEvent)
         handleKeyboard(event);
     return false;
@@ -164,20 +168,36 @@ bool X11HotKeyCenter::handlePress(const xcb_key_press_event_t& event) {
         return false;
     const bool repetition = isRepetition(event);
     m_held = {event.detail, event.time};
+    if (repetition && m_forced)
+        m_forced->time = event.time;
     if (!repetition)
-        // From the loop: who answers may open a menu, and an event filter must not wait for that.
-        QMetaObject::invokeMethod(
-            this,
-            [this, reference] {
-                if (m_hotKeys.contains(reference))
-                    emit pressed(m_hotKeys.value(reference).id);
-            },
-            Qt::QueuedConnection);
+        answer(reference);
     return true;
 }
 
+void X11HotKeyCenter::handleRelease(const xcb_key_release_event_t& event) {
+    if (m_held && event.detail == m_held->key) {
+        m_released = {event.detail, event.time};
+        m_held.reset();
+    }
+}
+
 bool X11HotKeyCenter::isRepetition(const xcb_key_press_event_t& event) const {
-    return m_held && m_held->key == event.detail && event.time - m_held->time < longestRepeatGap;
+    const auto within = [&event](const std::optional<KeyTime>& before, xcb_timestamp_t span) {
+        return before && before->key == event.detail && event.time - before->time < span;
+    };
+    // A repetition is a press alone, or a release and a press at the very same time.
+    return within(m_held, longestRepeatGap) || within(m_released, 1) ||
+           within(m_forced, quickestFingers);
+}
+
+void X11HotKeyCenter::answer(HotKeyReference reference) {
+    // From the loop: who answers may open a menu, and an event filter must not wait for that.
+    const auto emitPressed = [this, reference] {
+        if (m_hotKeys.contains(reference))
+            emit pressed(m_hotKeys.value(reference).id);
+    };
+    QMetaObject::invokeMethod(this, emitPressed, Qt::QueuedConnection);
 }
 
 void X11HotKeyCenter::handleKeyboard(const xcb_generic_event_t& event) {

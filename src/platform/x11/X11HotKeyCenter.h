@@ -41,9 +41,9 @@ private:
             return key == otherKey && modifiers == otherModifiers;
         }
     };
-    struct HeldKey {
+    struct KeyTime {
         xcb_keycode_t key;
-        xcb_timestamp_t time; ///< Of its last press or repetition.
+        xcb_timestamp_t time;
     };
 
     int grab(const HotKey& hotKey);
@@ -53,7 +53,9 @@ private:
 
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
     bool handlePress(const xcb_key_press_event_t& event);
+    void handleRelease(const xcb_key_release_event_t& event);
     bool isRepetition(const xcb_key_press_event_t& event) const;
+    void answer(HotKeyReference reference);
     void handleKeyboard(const xcb_generic_event_t& event);
     void scheduleKeyboardCheck();
     void checkKeyboard();
@@ -64,7 +66,9 @@ private:
     std::optional<X11KeyTables> m_tables;
     QMap<HotKeyReference, HotKey> m_hotKeys;
     HotKeyReference m_lastReference = 0;
-    std::optional<HeldKey> m_held;
+    std::optional<KeyTime> m_held;     ///< With the time of its last press or repetition.
+    std::optional<KeyTime> m_released; ///< The last release of a hot key's key.
+    std::optional<KeyTime> m_forced;   ///< A held key that was released in the user's place.
     QList<HotKey> m_aside;
     bool m_checkScheduled = false;
 };

@@ -8,6 +8,8 @@ namespace {
 
 using Steady = std::chrono::steady_clock;
 
+constexpr std::chrono::milliseconds tidyInterval{50};
+
 constexpr xcb_keycode_t usualInsertKey = 118;
 constexpr xcb_keycode_t usualPasteKey = 55;
 
@@ -99,7 +101,14 @@ bool X11KeyPoster::post(const Job& job, xcb_window_t focus) {
     const bool posted = m_keys.post(stroke, tables.heldModifierKeys(), otherKeys,
                                     [&] { return rightFocus(job) == focus; });
     m_hotKeys.standBack();
+    tidyUp();
     return posted;
+}
+
+void X11KeyPoster::tidyUp() {
+    m_tidying.cancel();
+    if (!m_keys.tidyUp())
+        m_tidying = m_queue.after(tidyInterval, &m_receiver, [this] { tidyUp(); });
 }
 
 xcb_keycode_t X11KeyPoster::keyOf(const PasteChord& chord, const X11KeyTables& tables) {

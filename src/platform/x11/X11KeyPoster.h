@@ -45,6 +45,7 @@ private:
     bool userHoldsKeys(const X11KeyTables& tables) const;
     bool prepare(Job& job);
     bool post(const Job& job, xcb_window_t focus);
+    void tidyUp();
     static xcb_keycode_t keyOf(const PasteChord& chord, const X11KeyTables& tables);
 
     X11Connection& m_connection;
@@ -54,6 +55,7 @@ private:
     const KeyPostLimits m_limits;
     const X11Windows m_windows;
     X11SyntheticKeys m_keys;
+    WorkItem m_tidying;
     QObject m_receiver; ///< Ends the waiting with us.
 };
 

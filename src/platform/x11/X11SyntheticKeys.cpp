@@ -1,6 +1,7 @@
 #include "platform/x11/X11SyntheticKeys.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <xcb/xtest.h>
 
@@ -17,6 +18,8 @@ QList<KeyAction> strokeActions(const KeyStroke& stroke, const QList<xcb_keycode_
     std::reverse(reversed.begin(), reversed.end());
     add(KeyAction::release, heldKeys);
     add(KeyAction::release, heldModifiers);
+    // The server drops the press of a key that our device has down, whatever the user's has.
+    add(KeyAction::release, reversed);
     add(KeyAction::press, stroke.modifierKeys);
     add(KeyAction::press, {stroke.key});
     add(KeyAction::release, {stroke.key});
@@ -55,14 +58,26 @@ bool X11SyntheticKeys::post(const KeyStroke& stroke, const QList<xcb_keycode_t>&
     // With the server to ourselves the focus cannot move between the question and the keys.
     xcb_grab_server(m_connection.xcb());
     const bool right = isStillRight();
-    if (right)
-        for (const KeyAction& action :
-             strokeActions(stroke, heldAmong(modifierKeys), heldAmong(otherKeys)))
+    if (right) {
+        const QList<xcb_keycode_t> heldModifiers = heldAmong(modifierKeys);
+        for (const KeyAction& action : strokeActions(stroke, heldModifiers, heldAmong(otherKeys)))
             send(action);
+        m_pressedForUser.append(heldModifiers);
+    }
     xcb_ungrab_server(m_connection.xcb());
     const auto processed =
         m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.xcb()));
     return right && processed;
+}
+
+bool X11SyntheticKeys::tidyUp() {
+    const QList<xcb_keycode_t> stillHeld = heldAmong(m_pressedForUser);
+    for (const xcb_keycode_t key : std::as_const(m_pressedForUser))
+        if (!stillHeld.contains(key))
+            send({KeyAction::release, key});
+    m_connection.flush();
+    m_pressedForUser = stillHeld;
+    return m_pressedForUser.isEmpty();
 }
 
 void X11SyntheticKeys::send(const KeyAction& action) {

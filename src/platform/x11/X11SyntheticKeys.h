@@ -43,11 +43,16 @@ public:
     bool post(const KeyStroke& stroke, const QList<xcb_keycode_t>& modifierKeys,
               const QList<xcb_keycode_t>& otherKeys, const std::function<bool()>& isStillRight);
 
+    /// Modifiers that were pressed again for the user stay down on our own device when he lets go
+    /// of his. Releases those; true when none is left, else it has to be called again later.
+    bool tidyUp();
+
 private:
     void send(const KeyAction& action);
 
     X11Connection& m_connection;
     bool m_hasExtension = false;
+    QList<xcb_keycode_t> m_pressedForUser;
 };
 
 } // namespace quorvel
