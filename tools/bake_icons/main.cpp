@@ -35,8 +35,8 @@ int fail(const QString& message) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments().mid(1);
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QStringList kinds{QStringLiteral("mask"), QStringLiteral("colour")};
     if (arguments.size() < 4 || !kinds.contains(arguments[0]))
         return fail(QStringLiteral("usage: bake_icons mask|colour DRAWING.svg PREFIX PIXELS..."));
