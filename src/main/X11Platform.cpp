@@ -20,7 +20,9 @@ struct X11Platform::Parts {
         : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
-        , keyPoster(connection, mainQueue, hotKeys, [this] { pasteboard.offerAsPrimary(); })
+        , keyPoster(
+              connection, mainQueue, hotKeys,
+              {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
         , menu(icons, strings)
         , statusItem(strings, icons.application()) {
         menu.setKeyPositions(hotKeys);

@@ -48,7 +48,7 @@ TEST(KeyPosterConformance, answersOnceAndFromTheLoopWhereKeysCannotBePosted) {
     fake.setTrusted(false);
     fake.answerThrough(queue);
     X11Connection nowhere("no-such-host.invalid:99");
-    X11KeyPoster real(nowhere, queue, noHotKeys, [] {});
+    X11KeyPoster real(nowhere, queue, noHotKeys, {[] {}, [] { return true; }});
     for (KeyPoster* poster : std::initializer_list<KeyPoster*>{&fake, &real}) {
         EXPECT_FALSE(poster->isTrusted());
         const Outcomes first = post(*poster, std::nullopt);
@@ -71,7 +71,9 @@ protected:
     X11KeyPoster& poster() {
         if (!m_poster)
             m_poster = std::make_unique<X11KeyPoster>(
-                connection, queue, center, [this] { ++primaryOffers; }, m_limits);
+                connection, queue, center,
+                X11KeyPoster::Clipboard{[this] { ++primaryOffers; }, [this] { return isSettled; }},
+                m_limits);
         return *m_poster;
     }
     bool receives(xcb_window_t window, const X11Outside::Key& key) {
@@ -83,6 +85,7 @@ protected:
     QtMainQueue queue;
     X11HotKeyCenter center{connection.root()};
     int primaryOffers = 0;
+    bool isSettled = true;
 
 private:
     KeyPostLimits m_limits;
@@ -150,7 +153,8 @@ TEST(X11KeyPosterWithoutWindowManager, nothingIsPostedWhenNobodyHasTheFocus) {
     X11Connection connection(desktop.display().toLatin1());
     QtMainQueue queue;
     NoHotKeys noHotKeys;
-    X11KeyPoster poster(connection, queue, noHotKeys, [] {}, {2ms, 60ms, 60ms});
+    X11KeyPoster poster(connection, queue, noHotKeys, {[] {}, [] { return true; }},
+                        {2ms, 60ms, 60ms});
     const xcb_window_t window = other.open("Mousepad");
     for (const quint32 nobody : {XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_POINTER_ROOT}) {
         xcb_set_input_focus(other.connection().xcb(), XCB_INPUT_FOCUS_NONE, nobody,
@@ -178,6 +182,18 @@ TEST_F(X11KeyPosterTest, theFocusMayComeLater) {
     EXPECT_EQ(answer(outcomes), PostOutcome::posted);
     EXPECT_TRUE(receives(element, {keyboard::v, controlState}));
     EXPECT_THAT(other.keys(target), IsEmpty());
+}
+
+TEST_F(X11KeyPosterTest, noKeyIsSentBeforeTheServerKnowsTheNewContent) {
+    const xcb_window_t target = other.open("Mousepad");
+    other.focus(target);
+    isSettled = false;
+    EXPECT_EQ(answer(post(poster(), std::nullopt)), PostOutcome::unavailable) << "given up in time";
+    const Outcomes outcomes = post(poster(), std::nullopt);
+    queue.after(20ms, &connection, [this] { isSettled = true; });
+    EXPECT_EQ(answer(outcomes), PostOutcome::posted);
+    EXPECT_TRUE(isSettled);
+    EXPECT_TRUE(receives(target, {keyboard::v, controlState}));
 }
 
 TEST_F(X11KeyPosterTest, anElementThatIsGoneStandsForItsWindow) {
@@ -363,12 +379,13 @@ TEST_F(RealProgramTest, aTerminalGetsTheTextFromPrimary) {
                                         {QStringLiteral("-e"), QStringLiteral("cat > ") + path});
     const FocusTarget place = placeIn(*terminal);
     const QByteArray text = "from primary\n";
-    X11KeyPoster toTerminals(connection, queue, center, [&] {
+    const auto offerPrimary = [&] {
         const QString primary = QStringLiteral("primary");
         xclip(primary, QStringLiteral("-i"), text);
         // It becomes the owner in the background.
         waitUntil([&] { return xclip(primary, QStringLiteral("-o")).output == text; });
-    });
+    };
+    X11KeyPoster toTerminals(connection, queue, center, {offerPrimary, [] { return true; }});
     const auto arrived = [&] {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) && file.readAll() == text;

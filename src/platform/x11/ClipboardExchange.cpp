@@ -13,6 +13,7 @@ void ClipboardExchange::post(ClipboardCommand command) {
     {
         const std::lock_guard lock(m_mutex);
         m_commands.push_back(std::move(command));
+        ++m_unconfirmed;
     }
     m_wakeThread();
 }
@@ -33,6 +34,7 @@ ClipboardExchange::takeHandoversAndPost(ClipboardCommand command) {
         const std::lock_guard lock(m_mutex);
         ready = takeReady();
         m_commands.push_back(std::move(command));
+        ++m_unconfirmed;
     }
     m_wakeThread();
     return ready;
@@ -55,6 +57,16 @@ PasteboardActivity ClipboardExchange::activity() const {
 bool ClipboardExchange::isConnectionLost() const {
     const std::lock_guard lock(m_mutex);
     return m_connectionLost;
+}
+
+bool ClipboardExchange::isSettled() const {
+    const std::lock_guard lock(m_mutex);
+    return m_unconfirmed == 0;
+}
+
+void ClipboardExchange::confirmCommand() {
+    const std::lock_guard lock(m_mutex);
+    --m_unconfirmed;
 }
 
 std::deque<ClipboardCommand> ClipboardExchange::takeCommands() {

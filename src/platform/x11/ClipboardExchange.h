@@ -42,8 +42,12 @@ public:
     PasteboardActivity activity() const;
     bool isConnectionLost() const;
 
+    /// Whether the display server has carried out every command that was posted.
+    bool isSettled() const;
+
     // Clipboard thread
     std::deque<ClipboardCommand> takeCommands();
+    void confirmCommand(); ///< One more of them has been carried out.
 
     /// False, and nothing handed over, when a write of our own is waiting already: it is newer.
     bool handOver(std::shared_ptr<ClipboardHandover> handover);
@@ -61,6 +65,7 @@ private:
     const std::function<void()> m_wakeThread;
     mutable std::mutex m_mutex;
     std::deque<ClipboardCommand> m_commands;
+    int m_unconfirmed = 0; ///< Commands posted and not yet carried out.
     std::deque<std::shared_ptr<ClipboardHandover>> m_handovers;
     PasteboardActivity m_activity;
     bool m_connectionLost = false;

@@ -184,7 +184,8 @@ void ClipboardThread::handlePropertyNotify(const xcb_property_notify_event_t& ev
             return;
         const ClipboardCommand command = std::move(m_awaitingTime.front());
         m_awaitingTime.pop_front();
-        return carryOut(command, event.time);
+        carryOut(command, event.time);
+        return confirmCommand();
     }
     if (m_transfer && event.window == m_transfer->requestor())
         return m_transfer->handle(event);
@@ -289,6 +290,14 @@ void ClipboardThread::askForTime() {
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_window, m_timeProperty,
                         XCB_ATOM_INTEGER, 32, 0, nullptr);
     xcb_flush(m_connection.get());
+}
+
+/// An answer from the server tells that it has processed all that was sent before.
+void ClipboardThread::confirmCommand() {
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), m_clipboard);
+    const XcbOwned<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    m_exchange.confirmCommand();
 }
 
 void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t time) {

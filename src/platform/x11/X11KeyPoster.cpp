@@ -19,16 +19,18 @@ struct X11KeyPoster::Job {
     std::optional<FocusTarget> target;
     Done done;
     Steady::time_point focusEnd;
-    std::optional<X11KeyTables> tables = {}; ///< These two are set when the focus is right.
+    std::optional<X11KeyTables> tables = {}; ///< From here on: set when the focus is right.
     Steady::time_point releaseEnd = {};
+    PasteChord chord = {};
+    xcb_window_t preparedFor = XCB_WINDOW_NONE;
 };
 
 X11KeyPoster::X11KeyPoster(X11Connection& connection, MainQueue& queue, HotKeyGuard& hotKeys,
-                           OfferPrimary offerPrimary, KeyPostLimits limits)
+                           Clipboard clipboard, KeyPostLimits limits)
     : m_connection(connection)
     , m_queue(queue)
     , m_hotKeys(hotKeys)
-    , m_offerPrimary(std::move(offerPrimary))
+    , m_clipboard(std::move(clipboard))
     , m_limits(limits)
     , m_windows(connection)
     , m_keys(connection) {}
@@ -44,24 +46,34 @@ void X11KeyPoster::postPaste(const std::optional<FocusTarget>& target, Done done
 void X11KeyPoster::advance(const JobHandle& job) {
     const auto now = Steady::now();
     const auto focus = rightFocus(*job);
-    if (!isTrusted() || (focus && !prepare(*job)))
+    if (!isTrusted() || (focus && !prepare(*job, *focus)))
         finish(job, PostOutcome::unavailable);
     else if (!focus && now >= job->focusEnd)
         finish(job, PostOutcome::focusElsewhere);
-    else if (focus && (now >= job->releaseEnd || !userHoldsKeys(*job->tables)) &&
-             post(*job, *focus))
+    else if (!m_clipboard.isSettled() && now >= job->focusEnd)
+        finish(job, PostOutcome::unavailable);
+    else if (focus && isReady(*job) && post(*job, *focus))
         finish(job, PostOutcome::posted);
     else
         waitOn(job);
 }
 
-bool X11KeyPoster::prepare(Job& job) {
-    if (!job.tables) {
+bool X11KeyPoster::prepare(Job& job, xcb_window_t focus) {
+    if (!job.tables || job.preparedFor != focus) {
+        job.preparedFor = focus;
+        job.chord = pasteChordFor(m_windows.classOf(m_windows.topWindow(focus)));
+        if (job.chord.needsPrimary)
+            m_clipboard.offerPrimary();
         job.releaseEnd = Steady::now() + m_limits.release;
         job.tables = X11KeyTables::read(m_connection.xcb());
         m_connection.keepArrivedEvents();
     }
     return job.tables.has_value();
+}
+
+bool X11KeyPoster::isReady(const Job& job) const {
+    return m_clipboard.isSettled() &&
+           (Steady::now() >= job.releaseEnd || !userHoldsKeys(*job.tables));
 }
 
 void X11KeyPoster::waitOn(const JobHandle& job) {
@@ -89,15 +101,11 @@ bool X11KeyPoster::userHoldsKeys(const X11KeyTables& tables) const {
 
 bool X11KeyPoster::post(const Job& job, xcb_window_t focus) {
     const X11KeyTables& tables = *job.tables;
-    const WindowClass windowClass = m_windows.classOf(m_windows.topWindow(focus));
-    const PasteChord chord = pasteChordFor(windowClass);
-    if (chord.needsPrimary)
-        m_offerPrimary();
-    const KeyStroke stroke = {keyOf(chord, tables), tables.keysOf(chord.modifiers)};
+    const KeyStroke stroke = {keyOf(job.chord, tables), tables.keysOf(job.chord.modifiers)};
     QList<xcb_keycode_t> otherKeys = {stroke.key};
     if (const auto held = m_hotKeys.heldKey())
         otherKeys.append(*held);
-    m_hotKeys.standAside(stroke.key, tables.maskFor(chord.modifiers).value_or(0));
+    m_hotKeys.standAside(stroke.key, tables.maskFor(job.chord.modifiers).value_or(0));
     const bool posted = m_keys.post(stroke, tables.heldModifierKeys(), otherKeys,
                                     [&] { return rightFocus(job) == focus; });
     m_hotKeys.standBack();

@@ -23,12 +23,18 @@ struct KeyPostLimits {
 /// Posts the paste keys through the server's test extension.
 class X11KeyPoster final : public KeyPoster {
 public:
-    using OfferPrimary = std::function<void()>;
+    /// What the poster needs of the clipboard.
+    struct Clipboard {
+        /// Makes the PRIMARY selection offer what is on the clipboard; asked for before keys are
+        /// posted to a program that pastes from there.
+        std::function<void()> offerPrimary;
 
-    /// `offerPrimary` makes the PRIMARY selection offer what is on the clipboard; it is called
-    /// before keys are posted to a program that pastes from there.
+        /// Whether the server knows of everything that was written; no key is posted before.
+        std::function<bool()> isSettled;
+    };
+
     X11KeyPoster(X11Connection& connection, MainQueue& queue, HotKeyGuard& hotKeys,
-                 OfferPrimary offerPrimary, KeyPostLimits limits = {});
+                 Clipboard clipboard, KeyPostLimits limits = {});
 
     bool isTrusted() const override;
     void postPaste(const std::optional<FocusTarget>& target, Done done) override;
@@ -43,7 +49,8 @@ private:
 
     std::optional<xcb_window_t> rightFocus(const Job& job) const;
     bool userHoldsKeys(const X11KeyTables& tables) const;
-    bool prepare(Job& job);
+    bool prepare(Job& job, xcb_window_t focus);
+    bool isReady(const Job& job) const;
     bool post(const Job& job, xcb_window_t focus);
     void tidyUp();
     static xcb_keycode_t keyOf(const PasteChord& chord, const X11KeyTables& tables);
@@ -51,7 +58,7 @@ private:
     X11Connection& m_connection;
     MainQueue& m_queue;
     HotKeyGuard& m_hotKeys;
-    const OfferPrimary m_offerPrimary;
+    const Clipboard m_clipboard;
     const KeyPostLimits m_limits;
     const X11Windows m_windows;
     X11SyntheticKeys m_keys;

@@ -99,6 +99,10 @@ void X11Pasteboard::offerAsPrimary() {
     m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
 }
 
+bool X11Pasteboard::isSettled() const {
+    return m_exchange->isSettled();
+}
+
 void X11Pasteboard::receive() {
     while (const auto handover = m_exchange->takeHandover())
         take(*handover);

@@ -34,6 +34,10 @@ public:
     /// take that one.
     void offerAsPrimary();
 
+    /// Whether the server has carried out everything that was written here: a paste key pressed
+    /// now gets the new content.
+    bool isSettled() const;
+
 signals:
     /// The display has gone; nothing more will come.
     void connectionLost();
