@@ -1,10 +1,12 @@
 #include "ui/MenuWidget.h"
 
+#include "ui/MenuPlacement.h"
 #include "ui/MenuStyle.h"
 #include "ui/MenuText.h"
 #include "ui/MenuTree.h"
 
 #include <QActionEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -22,6 +24,24 @@ const QList<MenuItem>& placeholder() {
     return items;
 }
 
+QRect limitsAt(QPoint pointer) {
+    const QScreen* screen = QGuiApplication::screenAt(pointer);
+    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+/// A tool tip below the pointer would cover the rows that come next. Its usual colours do not
+/// follow a dark palette.
+void showBeside(QWidget& menu, const QRect& row, const QString& text) {
+    constexpr QPoint toolTipOffset(2, 16); // The toolkit adds it to make room for the pointer.
+    constexpr int gap = 4;
+    QPalette colours = QToolTip::palette();
+    colours.setColor(QPalette::ToolTipBase, menu.palette().color(QPalette::Base));
+    colours.setColor(QPalette::ToolTipText, menu.palette().color(QPalette::Text));
+    QToolTip::setPalette(colours);
+    const QPoint corner = menu.mapToGlobal(QPoint(menu.width() + gap, row.top()));
+    QToolTip::showText(corner - toolTipOffset, text, &menu, row);
+}
+
 QFont captionFont(QFont font) {
     constexpr qreal share = 0.86;
     if (font.pointSizeF() > 0)
@@ -30,15 +50,6 @@ QFont captionFont(QFont font) {
         font.setPixelSize(qRound(font.pixelSize() * share));
     font.setWeight(QFont::DemiBold);
     return font;
-}
-
-QRect movedInto(const QRect& limits, QRect place) {
-    place.setHeight(std::min(place.height(), limits.height()));
-    place.moveLeft(std::clamp(place.left(), limits.left(),
-                              std::max(limits.left(), limits.right() - place.width() + 1)));
-    place.moveTop(std::clamp(place.top(), limits.top(),
-                             std::max(limits.top(), limits.bottom() - place.height() + 1)));
-    return place;
 }
 
 } // namespace
@@ -50,7 +61,6 @@ MenuWidget::MenuWidget(const MenuContext& context, QStyle* style, QWidget* paren
 }
 
 void MenuWidget::setItems(const QList<MenuItem>& items) {
-    const QRect before = geometry();
     const QAction* highlighted = activeAction();
     const MenuItem highlightedItem = highlighted ? rowOf(*highlighted).item : MenuItem{};
     {
@@ -63,7 +73,7 @@ void MenuWidget::setItems(const QList<MenuItem>& items) {
         std::for_each(m_rows.begin() + items.size(), m_rows.end(),
                       [this](Row& row) { empty(row); });
     }
-    layOutAgain(before);
+    layOutAgain();
     if (highlighted && isVisible())
         highlightAgain(highlightedItem, highlighted);
 }
@@ -94,8 +104,17 @@ void MenuWidget::release() {
 
 void MenuWidget::popUpAt(QPoint pointer) {
     m_awaitsFirstPaint = true;
-    popup(pointer);
-    m_growsUpwards = geometry().center().y() < pointer.y();
+    ensurePolished();
+    const QSize size = sizeHint();
+    const MenuPlace place =
+        placedAtPointer(size, pointer, limitsAt(pointer), QGuiApplication::layoutDirection());
+    m_upperEdge.reset();
+    m_lowerEdge.reset();
+    if (place.isAbovePointer)
+        m_lowerEdge = place.topLeft.y() + size.height() - 1;
+    else
+        m_upperEdge = place.topLeft.y();
+    popup(place.topLeft);
     // A click beside the menu only closes it: without this, a click on our tray icon would close
     // the menu and open it again.
     setAttribute(Qt::WA_NoMouseReplay);
@@ -137,6 +156,11 @@ void MenuWidget::actionEvent(QActionEvent* event) {
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
     if (!m_context.takesKey(*event))
         QMenu::keyPressEvent(event);
+}
+
+void MenuWidget::keyReleaseEvent(QKeyEvent* event) {
+    m_context.keyReleased(*event);
+    QMenu::keyReleaseEvent(event);
 }
 
 void MenuWidget::paintEvent(QPaintEvent* event) {
@@ -207,6 +231,8 @@ void MenuWidget::attachSubmenu(size_t index) {
 
 /// Whoever fills a lazy submenu may do so at once or later.
 void MenuWidget::showSubmenuItems(size_t index) {
+    if (m_rows[index].submenu->isVisible())
+        return; // It is only laid out again.
     if (m_rows[index].item.isLazy())
         m_context.submenuOpening(m_rows[index].item.identifier);
     const Row& row = m_rows[index];
@@ -226,17 +252,26 @@ void MenuWidget::refreshOpenSubmenu(size_t index, bool isSameItem) {
 }
 
 /// An open menu grows away from the pointer where it was opened.
-void MenuWidget::layOutAgain(const QRect& before) {
+void MenuWidget::layOutAgain() {
     if (m_rows.empty())
         return;
+    const int heightBefore = height();
     QActionEvent changed(QEvent::ActionChanged, m_rows.front().action);
     QMenu::actionEvent(&changed);
     if (!isVisible())
         return;
+    QToolTip::hideText();
     QRect place = geometry();
-    if (m_growsUpwards)
-        place.moveBottom(before.bottom());
-    setGeometry(movedInto(screen()->availableGeometry(), place));
+    if (m_lowerEdge)
+        place.moveBottom(*m_lowerEdge);
+    else
+        place.moveTop(m_upperEdge.value_or(place.top()));
+    const QRect limits = screen()->availableGeometry();
+    const QRect shown = movedInto(limits, place);
+    if (std::max(heightBefore, place.height()) >= limits.height())
+        popup(shown.topLeft()); // Sets up anew what scrolls a menu that is too tall.
+    else
+        setGeometry(shown);
 }
 
 void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
@@ -257,8 +292,7 @@ void MenuWidget::showToolTip(const QHelpEvent& help) {
     if (text.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(help.globalPos(), text, this,
-                           actionGeometry(const_cast<QAction*>(action)));
+        showBeside(*this, actionGeometry(const_cast<QAction*>(action)), text);
 }
 
 const MenuWidget::Row& MenuWidget::rowOf(const QAction& action) const {

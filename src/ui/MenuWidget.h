@@ -17,6 +17,7 @@ struct MenuContext {
     std::function<QIcon(const MenuItem&)> icon;
     std::function<QString(const KeyEquivalent&)> keyText;
     std::function<bool(const QKeyEvent&)> takesKey; ///< Whether the press was dealt with.
+    std::function<void(const QKeyEvent&)> keyReleased;
     std::function<void(const MenuItem&)> chosen;
     std::function<void(const QString&)> submenuOpening;
 };
@@ -55,6 +56,7 @@ protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
     void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
@@ -71,7 +73,7 @@ private:
     void attachSubmenu(size_t index);
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
-    void layOutAgain(const QRect& before);
+    void layOutAgain();
     void highlightAgain(const MenuItem& item, const QAction* previous);
     void showToolTip(const QHelpEvent& help);
     const Row& rowOf(const QAction& action) const;
@@ -80,7 +82,8 @@ private:
     std::vector<Row> m_rows;
     bool m_hasIcons = false;
     bool m_isFilling = false;
-    bool m_growsUpwards = false;
+    std::optional<int> m_upperEdge; ///< Where one edge stays when the height changes.
+    std::optional<int> m_lowerEdge;
     bool m_awaitsFirstPaint = false;
 };
 

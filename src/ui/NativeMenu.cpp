@@ -15,8 +15,8 @@ namespace quorvel {
 
 namespace {
 
-constexpr int grabRetryMilliseconds = 40;
-constexpr int mostGrabTries = 25;
+constexpr int grabRetryMilliseconds = 100;
+constexpr int grabTries = 10;
 
 constexpr std::array modifierKeys{Qt::Key_Alt,     Qt::Key_AltGr,   Qt::Key_Control,
                                   Qt::Key_Shift,   Qt::Key_Meta,    Qt::Key_Super_L,
@@ -103,6 +103,7 @@ MenuContext NativeMenu::context(const Icons& icons, const StringTable& strings) 
         return keyEquivalentText(keys, strings);
     };
     context.takesKey = [this](const QKeyEvent& press) { return takesKey(press); };
+    context.keyReleased = [this](const QKeyEvent& release) { m_repeat.released(release); };
     context.chosen = [this](const MenuItem& item) { choose(item); };
     context.submenuOpening = [this](const QString& id) { emit submenuOpening(id); };
     return context;
@@ -113,13 +114,13 @@ bool NativeMenu::takesKey(const QKeyEvent& press) {
     if (isModifierKey(press.key()))
         return true;
     if (isClosingKey(press)) {
-        if (!press.isAutoRepeat())
+        if (!m_repeat.isRepeat(press))
             close();
         return true;
     }
     const auto item = m_menu.find(
         [&](const MenuItem& candidate) { return means(press, candidate.keyEquivalent, m_keys); });
-    if (item && !press.isAutoRepeat())
+    if (item && !m_repeat.isRepeat(press))
         choose(*item);
     return item.has_value();
 }
@@ -129,10 +130,12 @@ bool NativeMenu::isClosingKey(const QKeyEvent& press) const {
            modifiersFrom(press.modifiers()) == m_closingModifiers;
 }
 
+/// The modifiers are those of the key press or click; by now they may be up.
 void NativeMenu::choose(const MenuItem& item) {
     if (m_phase == Phase::closed)
         return;
-    m_choice = MenuChoice{item.action, item.representedObject, currentModifiers()};
+    m_choice = MenuChoice{item.action, item.representedObject,
+                          modifiersFrom(QGuiApplication::keyboardModifiers())};
     m_menu.close();
 }
 
@@ -162,16 +165,18 @@ void NativeMenu::releaseWhenClosed() {
         m_menu.release();
 }
 
+/// The grabs are asked for again even if the toolkit has them all: it does not notice when the
+/// pointer was refused.
 void NativeMenu::secureGrabs() {
-    if (!isOpen() || takeGrabs(m_menu))
+    if (!isOpen())
         return;
-    if (++m_grabTries < mostGrabTries) {
+    const bool hasThem = takeGrabs(m_menu);
+    if (++m_grabTries < grabTries) {
         m_grabRetry.start(grabRetryMilliseconds);
-        return;
+    } else if (!hasThem) {
+        logLine(QStringLiteral("[Quorvel Menu] Closed: another program holds the keyboard."));
+        close();
     }
-    logLine(
-        QStringLiteral("[Quorvel Menu] Closed: another program holds the pointer or keyboard."));
-    close();
 }
 
 } // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include "menu/MenuRenderer.h"
 #include "platform/HotKeyCenter.h"
+#include "ui/KeyRepeat.h"
 #include "ui/MenuStyle.h"
 #include "ui/MenuWidget.h"
 #include "ui/Thumbnails.h"
@@ -16,8 +17,8 @@ class Icons;
 class StringTable;
 
 /// The menu as the toolkit's own popup menu. It takes the keyboard by a grab, never the input
-/// focus. When another program keeps the pointer or the keyboard for itself, the menu waits a
-/// moment for them and then closes, so that none is left that cannot be used.
+/// focus. When another program holds the pointer or the keyboard, the menu tries for a second to
+/// get them, and closes without the keyboard, so that none is left that cannot be used.
 class NativeMenu final : public MenuRenderer {
     Q_OBJECT
 
@@ -56,6 +57,7 @@ private:
     MenuContext m_context;
     MenuWidget m_menu;
     const HotKeyCenter* m_keys = nullptr;
+    KeyRepeat m_repeat;
     quint32 m_closingKey = 0;
     Modifiers m_closingModifiers;
     Phase m_phase = Phase::closed;

@@ -10,7 +10,8 @@ bool takeGrabs(QWidget& popup) {
     QWindow* window = popup.windowHandle();
     if (!window || !qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
         return true;
-    return window->setMouseGrabEnabled(true) && window->setKeyboardGrabEnabled(true);
+    const bool hasPointer = window->setMouseGrabEnabled(true);
+    return window->setKeyboardGrabEnabled(true) && hasPointer;
 }
 
 } // namespace quorvel

@@ -56,6 +56,14 @@ protected:
         return child;
     }
 
+    /// A terminal that writes what is typed or pasted into a file.
+    std::unique_ptr<ChildProgram> startTerminalThatWrites(const QString& file) {
+        return startInFront(QStringLiteral("xterm"),
+                            {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
+                             QStringLiteral("cat > '%1'").arg(file)},
+                            QStringLiteral("XTerm"));
+    }
+
     QString path(const QString& name) { return desktop().folder() + u'/' + name; }
     static QByteArray content(const QString& file) {
         QFile source(file);
@@ -169,11 +177,7 @@ TEST_F(MenuAndPasteTest, chosenClipsArriveInTheTerminalOnceEach) {
     begin(TrayHost::none);
     copy({QStringLiteral("third\n"), QStringLiteral("second\n"), QStringLiteral("first\n")});
     const QString file = path(QStringLiteral("typed"));
-    const auto terminal =
-        startInFront(QStringLiteral("xterm"),
-                     {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
-                      QStringLiteral("cat > '%1'").arg(file)},
-                     QStringLiteral("XTerm"));
+    const auto terminal = startTerminalThatWrites(file);
     // Each choice brings the pasted clip to the top, so the third one always is the oldest.
     const QByteArrayList expected{"third\n", "second\n", "first\n", "third\n"};
     for (qsizetype i = 0; i < expected.size(); ++i) {
@@ -216,11 +220,7 @@ TEST_F(MenuAndPasteTest, theControlToolPastesIntoTheProgramInFront) {
     begin(TrayHost::none);
     copy({QStringLiteral("from the command line\n"), QStringLiteral("newer")});
     const QString file = path(QStringLiteral("typed"));
-    const auto terminal =
-        startInFront(QStringLiteral("xterm"),
-                     {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
-                      QStringLiteral("cat > '%1'").arg(file)},
-                     QStringLiteral("XTerm"));
+    const auto terminal = startTerminalThatWrites(file);
     EXPECT_EQ(control({QStringLiteral("paste"), QStringLiteral("2")}).exitCode, 0);
     EXPECT_TRUE(waitUntil([&] { return content(file) == "from the command line\n"; }));
     const ProgramResult wrong = control({QStringLiteral("paste"), QStringLiteral("99")});

@@ -103,8 +103,7 @@ void X11KeyTables::addGroup(xkb_keymap* keymap, xkb_layout_index_t group,
     for (xkb_level_index_t level = firstLevel; level < endLevel; ++level)
         for (auto key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap);
              ++key) {
-            if (group >= xkb_keymap_num_layouts_for_key(keymap, key))
-                continue;
+            // A key with fewer groups is taken into its range, as it is when it is typed.
             const xkb_keysym_t* symbols = nullptr;
             const int count = xkb_keymap_key_get_syms_by_level(keymap, key, group, level, &symbols);
             for (int i = 0; i < count; ++i)
