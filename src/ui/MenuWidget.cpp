@@ -79,8 +79,7 @@ void MenuWidget::setItems(const QList<MenuItem>& items) {
 }
 
 void MenuWidget::fillSubmenu(const QString& identifier, const QList<MenuItem>& items) {
-    for (size_t index = 0; index < m_rows.size(); ++index) {
-        Row& row = m_rows[index];
+    for (Row& row : m_rows) {
         const bool isMeant = row.item.identifier == identifier;
         if (isMeant)
             row.item.submenu = items;
