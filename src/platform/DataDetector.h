@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace quorvel {
+
+enum class DataKind {
+    url,
+    email,
+    phone,
+    date,
+    address,
+};
+
+/// Something found in a text.
+struct DataMatch {
+    DataKind kind = DataKind::url;
+
+    /// Range in the text, in UTF-16 units.
+    qsizetype start = 0;
+    qsizetype length = 0;
+
+    /// The absolute address of a link ("https://…", "mailto:…"), a telephone number in its
+    /// international form ("+4930901820"), a date or time in ISO 8601 as far as it is known
+    /// ("2024-03-05T14:00"; empty when the text only points at it, like "tomorrow"), a postal
+    /// address in one line.
+    QString value;
+
+    qsizetype end() const { return start + length; }
+};
+
+/// Finds links, e-mail addresses, telephone numbers, dates and postal addresses in running text.
+/// Never fails; of a very long text it may look at a part only, and takes time in proportion.
+class DataDetector {
+public:
+    virtual ~DataDetector() = default;
+
+    /// Every match, by start; no two overlap.
+    virtual QList<DataMatch> matches(const QString& text) const = 0;
+
+    /// Links and e-mail addresses alone, by start.
+    virtual QList<DataMatch> links(const QString& text) const = 0;
+};
+
+} // namespace quorvel

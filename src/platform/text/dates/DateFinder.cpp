@@ -1,0 +1,7 @@
+#include "platform/text/dates/DateFinder.h"
+
+namespace quorvel {
+
+void DateFinder::find(const Tokens&, QList<DataMatch>&) const {}
+
+} // namespace quorvel
