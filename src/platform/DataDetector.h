@@ -28,6 +28,9 @@ struct DataMatch {
     QString value;
 
     qsizetype end() const { return start + length; }
+
+    /// E-mail addresses are links too ("mailto:…").
+    bool isLink() const { return kind == DataKind::url || kind == DataKind::email; }
 };
 
 /// Finds links, e-mail addresses, telephone numbers, dates and postal addresses in running text.
@@ -38,9 +41,6 @@ public:
 
     /// Every match, by start; no two overlap.
     virtual QList<DataMatch> matches(const QString& text) const = 0;
-
-    /// Links and e-mail addresses alone, by start.
-    virtual QList<DataMatch> links(const QString& text) const = 0;
 };
 
 } // namespace quorvel

@@ -1,0 +1,42 @@
+#include "smart/rules/Words.h"
+
+#include "foundation/Text.h"
+
+namespace quorvel {
+
+namespace {
+
+bool isSpace(QChar c) {
+    return c.unicode() < 0x80 ? c == u' ' || (c >= u'\t' && c <= u'\r') : c.isSpace();
+}
+
+} // namespace
+
+QList<QStringView> words(QStringView text, qsizetype most) {
+    QList<QStringView> found;
+    qsizetype position = 0;
+    while (position < text.size() && found.size() < most) {
+        while (position < text.size() && isSpace(text[position]))
+            ++position;
+        const qsizetype start = position;
+        while (position < text.size() && !isSpace(text[position]))
+            ++position;
+        if (position > start)
+            found.append(text.sliced(start, position - start));
+    }
+    return found;
+}
+
+bool hasAtMostCharacters(QStringView text, qsizetype limit) {
+    // A character is rarely more than a few units long, so a prefix nearly always decides.
+    constexpr qsizetype plenty = 16;
+    if (text.size() <= limit)
+        return true;
+    const QStringView prefix = text.first(std::min(text.size(), (limit + 1) * plenty));
+    const qsizetype count = characterCount(prefix);
+    if (count > limit + 1 || prefix.size() == text.size())
+        return count <= limit;
+    return characterCount(text) <= limit;
+}
+
+} // namespace quorvel
