@@ -6,6 +6,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <cstdio>
+
 namespace quorvel::ctl {
 
 namespace {
@@ -93,15 +95,31 @@ std::optional<QJsonObject> argumentsOf(const QString& command, QStringList& word
 
 } // namespace
 
+int complain(const QString& message, ExitCode code) {
+    std::fprintf(stderr, "quorvelctl: %s\n", qUtf8Printable(message));
+    return code;
+}
+
 QString usage() {
-    return QStringLiteral("Usage: quorvelctl COMMAND\n"
-                          "\n"
-                          "  list [--json]    the clips, newest first\n"
-                          "  show             open the menu at the pointer\n"
-                          "  copy             put standard input onto the clipboard\n"
-                          "  paste N          paste clip N (from 1) into the program in front\n"
-                          "  status [--json]  how the running instance is\n"
-                          "  quit             end the running instance\n");
+    return QStringLiteral(
+        "Usage: quorvelctl COMMAND\n"
+        "\n"
+        "  list [--json]    the clips, newest first\n"
+        "  show             open the menu at the pointer\n"
+        "  copy             put standard input onto the clipboard\n"
+        "  paste N          paste clip N (from 1) into the program in front\n"
+        "  status [--json]  how the running instance is\n"
+        "  quit             end the running instance\n"
+        "\n"
+        "Without a running instance:\n"
+        "\n"
+        "  detect [--region CC]\n"
+        "                   say what texts are: reads one JSON string a line and\n"
+        "                   writes a JSON object for each, with \"tags\", \"matches\"\n"
+        "                   (kind, start and length in UTF-16 units, value), \"masked\"\n"
+        "                   (null when there is no secret) and \"micros\"; CC is the\n"
+        "                   country whose national telephone numbers and order of\n"
+        "                   dates count\n");
 }
 
 std::optional<Invocation> parse(const QStringList& arguments, QString& problem) {

@@ -8,6 +8,11 @@
 
 namespace quorvel::ctl {
 
+enum ExitCode { ok = 0, failed = 1, wrongUsage = 2 };
+
+/// Says what is wrong on standard error; returns the code.
+int complain(const QString& message, ExitCode code);
+
 /// How a result is written to standard output.
 enum class Form { text, json };
 

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Detect.h"
 
 #include "control/ControlClient.h"
 #include "foundation/DataPaths.h"
@@ -7,25 +8,17 @@
 
 #include <cstdio>
 
-namespace {
-
-enum ExitCode { ok = 0, failed = 1, wrongUsage = 2 };
-
-int complain(const QString& message, ExitCode code) {
-    std::fprintf(stderr, "quorvelctl: %s\n", qUtf8Printable(message));
-    return code;
-}
-
-} // namespace
-
 int main(int argc, char* argv[]) {
     using namespace quorvel;
+    using namespace quorvel::ctl;
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
         std::fputs(qUtf8Printable(ctl::usage()), stdout);
         return ok;
     }
+    if (arguments.startsWith(QStringLiteral("detect")))
+        return ctl::detect(arguments.mid(1));
     QString problem;
     const auto invocation = ctl::parse(arguments, problem);
     if (!invocation)
