@@ -1,0 +1,295 @@
+#include "platform/text/dates/DateJoiner.h"
+
+namespace quorvel {
+
+namespace {
+
+using Kind = DatePiece::Kind;
+using Need = DatePiece::Need;
+
+bool isLonger(const std::optional<DatePiece>& piece, const std::optional<DatePiece>& than) {
+    return piece && (!than || piece->end > than->end);
+}
+
+} // namespace
+
+/// The longest day that begins here.
+std::optional<DatePiece> DateJoiner::day(int index) const {
+    std::optional<DatePiece> best = parseNumericDate(m_line, index, m_order);
+    if (const auto date = parseNamedDate(m_line, index); isLonger(date, best))
+        best = date;
+    if (const auto date = parseEasternDate(m_line, index); isLonger(date, best))
+        best = date;
+    const auto relative = parseRelativeDate(m_line, index);
+    if (isLonger(relative, best))
+        best = relative;
+    if (const auto weekday = parseWeekday(m_line, index); isLonger(weekday, best))
+        best = weekday;
+    return best;
+}
+
+/// What begins here and is not held yet.
+std::optional<DatePiece> DateJoiner::piece(int index, const Whole* before) const {
+    const auto date = day(index);
+    const bool isDate = date && (!before || isAllowed(*date, *before));
+    const auto time = parseTime(m_line, index);
+    const bool isTime = time && (!before || isAllowed(*time, *before));
+    if (isDate && isTime)
+        return date->need == Need::company || time->end > date->end ? time : date;
+    return isDate ? date : isTime ? time : std::nullopt;
+}
+
+bool DateJoiner::isAllowed(const DatePiece& piece, const Whole& whole) const {
+    switch (piece.kind) {
+    case Kind::time:
+        return !whole.hasTime;
+    case Kind::date:
+        return !whole.hasDate && !whole.isRelative;
+    case Kind::weekday:
+        return !whole.hasWeekday && !whole.isRelative;
+    case Kind::relative:
+        return !whole.hasDate && !whole.isRelative && !whole.hasWeekday;
+    }
+    return false;
+}
+
+/// "9:00–17:00", "Mon–Fri", "5 March – 7 April": the same kind on both sides of a sign.
+void DateJoiner::extendRange(DatePiece& piece, const Whole* before) const {
+    if (piece.isRange)
+        return;
+    int next = skipRangeSign(m_line, piece.end);
+    const bool isSlash = piece.kind == Kind::date && m_line.isMark(piece.end, u'/') &&
+                         m_line.isGlued(piece.end) && piece.first.year != Moment::unknown;
+    if (isSlash)
+        next = piece.end + 1;
+    if (next == piece.end)
+        return;
+    // Only "at" words that are no part of it stand between: "von 9 Uhr bis um 10 Uhr".
+    const auto other = piece.kind == Kind::time ? parseTime(m_line, next) : day(next);
+    if (!other || other->kind != piece.kind || other->isRange)
+        return;
+    const bool isWeak = other->need == Need::date || other->need == Need::company;
+    if (isWeak && piece.kind == Kind::time && piece.need == Need::date && !before)
+        return;
+    if (isWeak && piece.kind == Kind::date)
+        return;
+    const bool isSign = !isRangeWord(m_line, piece.end);
+    const bool areShortDays = piece.kind == Kind::weekday && piece.need == Need::company;
+    piece.takesFrom = !isSign;
+    piece.last = other->first;
+    piece.end = other->end;
+    piece.isRange = true;
+    if (piece.kind == Kind::time && other->need != Need::date)
+        piece.need = Need::nothing;
+    if (piece.first.year == Moment::unknown && piece.kind == Kind::date)
+        piece.first.year = piece.last.year;
+    if (piece.first.offset == Moment::noOffset)
+        piece.first.offset = piece.last.offset;
+    const bool areCapital = m_line.at(piece.begin).capital && m_line.at(other->begin).capital;
+    if (areShortDays && areCapital)
+        piece.need = m_line.written(piece.begin).size() > 2 ? Need::nothing : Need::company;
+}
+
+std::optional<DatePiece> DateJoiner::pieceOrRange(int index, const Whole* before) const {
+    auto found = piece(index, before);
+    if (found)
+        extendRange(*found, before);
+    return found;
+}
+
+/// Whether a word before says that a time or a day follows.
+bool DateJoiner::isPrepared(int index) const {
+    return m_line.hasAny(index - 1, maskOf(Role::at, Role::on, Role::from, Role::to)) ||
+           m_line.number(index - 1, 2, 2, 12, 12) > 0;
+}
+
+/// Over what joins two parts: a comma, "at", "den", a bracket before a weekday; `isAt` tells
+/// whether a word said that a time follows.
+int DateJoiner::skipJoint(const Whole& whole, bool& isAt) const {
+    int at = whole.end;
+    const bool isDot = m_line.isMark(at, u'.') && m_line.isGlued(at) && whole.hasWeekday &&
+                       !whole.hasDate && !whole.hasTime;
+    if (isDot)
+        ++at;
+    const bool isDash = m_line.isMark(at, u'-') || m_line.isMark(at, u'–') || m_line.isMark(at, u'—');
+    if (m_line.isMark(at, u',') || m_line.isMark(at, u'@') || (isDash && !m_line.isGlued(at)))
+        ++at;
+    if (m_line.isMark(at, u':') && m_line.isGlued(at) && whole.hasDate && m_line.isGlued(at + 1))
+        ++at;
+    if (m_line.isMark(at, u'(') || m_line.isMark(at, u'|') || m_line.isMark(at, u'·'))
+        ++at;
+    isAt = false;
+    constexpr RoleMask joining =
+        maskOf(Role::at, Role::on, Role::of, Role::article, Role::from);
+    for (int i = 0; i < 2 && m_line.isWord(at) && m_line.hasAny(at, joining); ++i) {
+        // "à" and "a" may be of both; a word that begins a date of its own is no joint.
+        if (m_line.hasAny(at, maskOf(Role::weekday, Role::dayName, Role::month)))
+            break;
+        isAt = isAt || m_line.has(at, Role::at);
+        ++at;
+    }
+    return at;
+}
+
+/// "T140000Z" and "T14:00:00Z" behind a date.
+std::optional<DatePiece> DateJoiner::isoTime(const Whole& whole) const {
+    const int at = whole.end;
+    const bool isJoined = whole.hasDate && !whole.hasTime && m_line.isWord(at) &&
+                          m_line.isGlued(at) && m_line.isGlued(at + 1) &&
+                          m_line.folded(at) == u"t";
+    if (!isJoined)
+        return std::nullopt;
+    const int digits = m_line.at(at + 1).digits;
+    const int number = m_line.number(at + 1, 4, 6, 0, 240000);
+    if (digits <= 2 || number < 0)
+        return parseTime(m_line, at + 1);
+    DatePiece time;
+    time.kind = Kind::time;
+    time.begin = at + 1;
+    time.end = at + 2;
+    const bool hasSeconds = digits == 6;
+    time.first.second = hasSeconds ? number % 100 : Moment::unknown;
+    time.first.minute = (hasSeconds ? number / 100 : number) % 100;
+    time.first.hour = hasSeconds ? number / 10000 : number / 100;
+    if (digits == 5 || time.first.hour > 24 || time.first.minute > 59 || time.first.second > 59)
+        return std::nullopt;
+    time.end = parseZone(m_line, time.end, time.first);
+    return time;
+}
+
+std::optional<DatePiece> DateJoiner::following(const Whole& whole) const {
+    if (const auto time = isoTime(whole))
+        return time;
+    bool isAt = false;
+    const int at = skipJoint(whole, isAt);
+    const bool isGlued = at == whole.end && m_line.isGlued(at) && !m_line.at(at).eastern &&
+                         !m_line.at(at - 1).eastern;
+    if (isGlued)
+        return std::nullopt;
+    auto next = pieceOrRange(at, &whole);
+    if (!next)
+        return std::nullopt;
+    const bool isBracketed = m_line.isMark(whole.end, u'(');
+    if (isBracketed) {
+        if (next->kind != Kind::weekday || !m_line.isMark(next->end, u')'))
+            return std::nullopt;
+        ++next->end;
+    }
+    const bool knowsDay = whole.hasDate || whole.isRelative || whole.hasWeekday;
+    const bool isFulfilled = next->kind != Kind::time || next->need == Need::nothing ||
+                             (next->need == Need::preposition && knowsDay) ||
+                             (next->need == Need::date && knowsDay && isAt);
+    const bool isDistant = next->kind != Kind::time && at > whole.end + 2 && !whole.hasWeekday;
+    if (!isFulfilled || isDistant)
+        return std::nullopt;
+    // "5 March, Mar": a short weekday behind a date needs a capital letter.
+    if (next->kind == Kind::weekday && next->need == Need::company && !isBracketed &&
+        !m_line.at(next->begin).capital)
+        return std::nullopt;
+    return next;
+}
+
+void DateJoiner::take(const DatePiece& piece, Whole& whole) const {
+    whole.end = piece.end;
+    whole.takesFrom = whole.takesFrom || (whole.begin == piece.begin && piece.takesFrom);
+    if (piece.kind == Kind::time) {
+        if (!whole.isRange)
+            whole.last = whole.first;
+        whole.first.takeTime(piece.first);
+        whole.last.takeTime(piece.isRange ? piece.last : piece.first);
+        whole.hasTime = true;
+    } else if (piece.kind == Kind::date) {
+        whole.first.takeDate(piece.first);
+        whole.last.takeDate(piece.isRange ? piece.last : piece.first);
+        whole.hasDate = true;
+    } else {
+        whole.hasWeekday = whole.hasWeekday || piece.kind == Kind::weekday;
+        whole.isRelative = whole.isRelative || piece.kind == Kind::relative;
+    }
+    whole.isRange = whole.isRange || piece.isRange;
+}
+
+/// "Tue Mar 5 14:00:01 2024".
+void DateJoiner::takeLateYear(Whole& whole) const {
+    const int year = m_line.number(whole.end, 4, 4, 1900, 2199);
+    const bool isMissing = whole.hasDate && whole.hasTime && !whole.isRange &&
+                           whole.first.year == Moment::unknown;
+    if (!isMissing || year < 0 || !m_line.endsCleanly(whole.end + 1))
+        return;
+    whole.first.year = whole.last.year = year;
+    ++whole.end;
+}
+
+std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
+    const auto begin = pieceOrRange(index, nullptr);
+    if (!begin)
+        return std::nullopt;
+    Whole whole;
+    whole.begin = index;
+    take(*begin, whole);
+    whole.isCertain = begin->need == Need::nothing ||
+                      (begin->need == Need::preposition && isPrepared(index));
+    Whole best = whole;
+    bool hasBest = whole.isCertain && m_line.endsCleanly(whole.end);
+    bool isPlain = begin->kind != Kind::weekday || begin->need == Need::nothing ||
+                   m_line.at(index).capital || m_line.at(index).eastern;
+    constexpr int mostPieces = 4;
+    for (int i = 0; i < mostPieces; ++i) {
+        const auto next = following(whole);
+        if (!next || !isPlain)
+            break;
+        take(*next, whole);
+        whole.isCertain = whole.isCertain || next->need != Need::company || next->kind != Kind::weekday;
+        takeLateYear(whole);
+        if (!whole.isCertain || !m_line.endsCleanly(whole.end))
+            continue;
+        best = whole;
+        hasBest = true;
+    }
+    return hasBest ? std::optional(best) : std::nullopt;
+}
+
+/// "2024-03-05 14:00 – 2024-03-06 15:00".
+void DateJoiner::extendToRange(Whole& whole) const {
+    const int next = skipRangeSign(m_line, whole.end);
+    const bool isSlash = m_line.isMark(whole.end, u'/') && m_line.isGlued(whole.end) && whole.hasTime;
+    if (whole.isRange || (next == whole.end && !isSlash))
+        return;
+    const auto other = chain(isSlash ? whole.end + 1 : next);
+    if (!other || other->isRange || other->hasDate != whole.hasDate ||
+        other->isRelative != whole.isRelative)
+        return;
+    whole.takesFrom = isRangeWord(m_line, whole.end);
+    whole.end = other->end;
+    whole.last = other->first;
+    whole.isRange = true;
+    if (whole.first.year == Moment::unknown)
+        whole.first.year = whole.last.year;
+}
+
+QString DateJoiner::valueOf(const Whole& whole) const {
+    if (whole.isRelative || (whole.hasWeekday && !whole.hasDate))
+        return {};
+    const auto isoOf = [&](const Moment& moment) {
+        return whole.hasDate && !moment.hasDate() ? QString() : moment.toIso();
+    };
+    const QString first = isoOf(whole.first);
+    if (!whole.isRange || first.isEmpty())
+        return first;
+    const QString last = isoOf(whole.last);
+    return last.isEmpty() ? QString() : first + u'/' + last;
+}
+
+std::optional<DateJoiner::Joined> DateJoiner::at(int index) const {
+    if (!m_line.beginsCleanly(index))
+        return std::nullopt;
+    auto whole = chain(index);
+    if (!whole)
+        return std::nullopt;
+    extendToRange(*whole);
+    const bool hasFrom = whole->takesFrom && m_line.isWord(index - 1) &&
+                         m_line.has(index - 1, Role::from);
+    return Joined{hasFrom ? index - 1 : index, whole->end, valueOf(*whole)};
+}
+
+} // namespace quorvel
