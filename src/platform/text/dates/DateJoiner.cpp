@@ -220,6 +220,13 @@ void DateJoiner::takeLateYear(Whole& whole) const {
     ++whole.end;
 }
 
+/// Also before the slash of an interval of two moments.
+bool DateJoiner::endsCleanly(const Whole& whole) const {
+    const bool isInterval = whole.hasDate && whole.hasTime && m_line.isMark(whole.end, u'/') &&
+                            m_line.number(whole.end + 1, 4, 4, 1000, 2999) > 0;
+    return isInterval || m_line.endsCleanly(whole.end);
+}
+
 std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
     const auto begin = pieceOrRange(index, nullptr);
     if (!begin)
@@ -230,7 +237,7 @@ std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
     whole.isCertain = begin->need == Need::nothing ||
                       (begin->need == Need::preposition && isPrepared(index));
     Whole best = whole;
-    bool hasBest = whole.isCertain && m_line.endsCleanly(whole.end);
+    bool hasBest = whole.isCertain && endsCleanly(whole);
     bool isPlain = begin->kind != Kind::weekday || begin->need == Need::nothing ||
                    m_line.at(index).capital || m_line.at(index).eastern;
     constexpr int mostPieces = 4;
@@ -241,7 +248,7 @@ std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
         take(*next, whole);
         whole.isCertain = whole.isCertain || next->need != Need::company || next->kind != Kind::weekday;
         takeLateYear(whole);
-        if (!whole.isCertain || !m_line.endsCleanly(whole.end))
+        if (!whole.isCertain || !endsCleanly(whole))
             continue;
         best = whole;
         hasBest = true;

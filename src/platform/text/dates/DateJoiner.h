@@ -43,6 +43,7 @@ private:
     int skipJoint(const Whole& whole, bool& isAt) const;
     bool isAllowed(const DatePiece& piece, const Whole& whole) const;
     void take(const DatePiece& piece, Whole& whole) const;
+    bool endsCleanly(const Whole& whole) const;
     void takeLateYear(Whole& whole) const;
     std::optional<Whole> chain(int index) const;
     void extendToRange(Whole& whole) const;

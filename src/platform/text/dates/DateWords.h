@@ -38,6 +38,7 @@ enum class Role : quint8 {
     notDate,
     french,
     phraseStart,
+    phraseWord,
     era,
     eastYear,
     eastMonth,

@@ -1,6 +1,8 @@
 #include "platform/text/dates/DateParsers.h"
 #include "platform/text/dates/DateWordTable.h"
 
+#include <array>
+
 namespace quorvel {
 
 namespace {
@@ -51,28 +53,42 @@ constexpr Pattern patterns[] = {
     {one(maskOf(Role::edge)), maybe(Role::of), one(maskOf(Role::month))},
 };
 
-bool isPhrase(const DateLine& line, int index, const Phrase& phrase, int& length) {
-    const QString words = QString::fromUtf16(phrase.words);
-    length = 0;
+constexpr int longestPhrase = 4;
+
+/// The words of the phrases by their heads in the table, which are quick to compare.
+struct PhraseWords {
+    std::array<std::array<qint16, longestPhrase + 1>, std::size(datePhrases)> heads{};
+
+    PhraseWords() {
+        for (size_t i = 0; i < heads.size(); ++i) {
+            heads[i].fill(WordMeanings::none);
+            size_t count = 0;
+            const QString words = QString::fromUtf16(datePhrases[i].words);
+            for (const QStringView word : QStringView(words).tokenize(u' '))
+                heads[i][count++] = WordMeanings::of(word);
+        }
+    }
+};
+
+/// How many lexemes the phrase takes here; 0 when something else stands here.
+int lengthOfPhrase(const DateLine& line, int index, size_t phrase) {
+    static const PhraseWords words;
     int at = index;
-    for (const QStringView word : QStringView(words).tokenize(u' ')) {
+    for (size_t i = 0; words.heads[phrase][i] != WordMeanings::none; ++i) {
         if (at > index && line.isMark(at, u'-') && line.isGlued(at))
             ++at;
-        if (!line.isWord(at) || line.folded(at) != word)
-            return false;
+        if (!line.isWord(at) || line.at(at).meanings != words.heads[phrase][i])
+            return 0;
         ++at;
     }
-    length = at - index;
-    return true;
+    return at - index;
 }
 
 int phraseLength(const DateLine& line, int index, RoleMask roles) {
     int longest = 0;
-    for (const Phrase& phrase : datePhrases) {
-        int length = 0;
-        if ((roles & maskOf(phrase.role)) != 0 && isPhrase(line, index, phrase, length))
-            longest = std::max(longest, length);
-    }
+    for (size_t i = 0; i < std::size(datePhrases); ++i)
+        if ((roles & maskOf(datePhrases[i].role)) != 0)
+            longest = std::max(longest, lengthOfPhrase(line, index, i));
     return longest;
 }
 
@@ -125,7 +141,15 @@ bool isDuration(const DateLine& line, int index, int end) {
            line.value(end - 1, Role::shortUnit) == second;
 }
 
-bool isPlausible(const DateLine& line, int index, int end) {
+/// The roles the last place of a pattern asks for.
+RoleMask lastRoles(const Pattern& pattern) {
+    RoleMask roles = 0;
+    for (const Place& place : pattern)
+        roles = place.roles != 0 ? place.roles : roles;
+    return roles;
+}
+
+bool isPlausible(const DateLine& line, int index, int end, const Pattern& pattern) {
     const bool isOne = end == index + 1;
     if (line.has(index, Role::dayName) && !isDayName(line, index))
         return false;
@@ -133,11 +157,13 @@ bool isPlausible(const DateLine& line, int index, int end) {
         return true;
     // "This may be", "last mar": a month of these must look like one; short weekdays as well.
     for (const Role role : {Role::month, Role::weekday}) {
-        const WordRow* row = line.row(end - 1, role);
+        const bool isAsked = (lastRoles(pattern) & maskOf(role)) != 0;
+        const WordRow* row = isAsked ? line.row(end - 1, role) : nullptr;
         if (row && row->strength != Strength::plain && !line.at(end - 1).capital &&
             !line.at(end - 1).eastern)
             return false;
-        const WordRow* first = line.row(index, role);
+        const bool isFirst = (pattern[0].roles & maskOf(role)) != 0;
+        const WordRow* first = isFirst ? line.row(index, role) : nullptr;
         if (first && first->strength != Strength::plain && !line.at(index).capital)
             return false;
     }
@@ -156,7 +182,7 @@ std::optional<DatePiece> parseRelativeDate(const DateLine& line, int index) {
     int end = index;
     for (const Pattern& pattern : patterns) {
         const int matched = matchEnd(line, index, pattern);
-        if (matched > end && isPlausible(line, index, matched))
+        if (matched > end && isPlausible(line, index, matched, pattern))
             end = matched;
     }
     if (end == index)
