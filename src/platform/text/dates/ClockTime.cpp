@@ -291,8 +291,11 @@ bool isRangeWord(const DateLine& line, int index) {
 
 int parseZone(const DateLine& line, int index, Moment& moment) {
     const int offsetEnd = readOffset(line, index, moment);
-    if (offsetEnd != index)
-        return offsetEnd;
+    if (offsetEnd != index) {
+        const bool isNamed = line.isMark(offsetEnd, u'(') && line.has(offsetEnd + 1, Role::zone) &&
+                             line.isUpper(offsetEnd + 1) && line.isMark(offsetEnd + 2, u')');
+        return isNamed ? offsetEnd + 3 : offsetEnd;
+    }
     const bool isInParens = line.isMark(index, u'(');
     const int at = isInParens ? index + 1 : index;
     const int zone = line.value(at, Role::zone);

@@ -99,6 +99,9 @@ void DateLine::readWord(const Token& token, qsizetype index) {
         lexeme.value = token.value;
         lexeme.digits = quint8(std::min(token.length, 255));
         lexeme.roles = maskOf(Role::number);
+    } else if (written.front() == u'〇') {
+        readEasternNumber(token.start, written, token.afterSpace);
+        return;
     } else {
         lexeme.mark = plainMark(written.front().unicode());
     }
@@ -193,10 +196,29 @@ qsizetype DateLine::readEasternNumber(qint32 start, QStringView rest, bool after
     lexeme.end = start + qint32(length);
     lexeme.afterSpace = afterSpace;
     lexeme.value = easternNumber(rest.first(length));
-    lexeme.digits = lexeme.value > 99 ? 4 : 2;
+    lexeme.digits = quint8(rest.first(length).contains(u'十') ? 2 : length);
     lexeme.roles = maskOf(Role::number);
-    append(lexeme);
+    appendEasternNumber(lexeme);
     return length;
+}
+
+/// The round zero is no letter, so numbers that hold one come in pieces.
+void DateLine::appendEasternNumber(Lexeme lexeme) {
+    constexpr int powers[] = {1, 10, 100, 1000};
+    constexpr int mostDigits = 4;
+    if (!m_lexemes.isEmpty() && !lexeme.afterSpace) {
+        const Lexeme previous = m_lexemes.last();
+        const bool joins = previous.eastern && previous.kind == Lexeme::Kind::number &&
+                           previous.digits + lexeme.digits <= mostDigits;
+        if (joins) {
+            lexeme.value += previous.value * powers[lexeme.digits];
+            lexeme.digits = quint8(lexeme.digits + previous.digits);
+            lexeme.start = previous.start;
+            lexeme.afterSpace = previous.afterSpace;
+            m_lexemes.removeLast();
+        }
+    }
+    append(lexeme);
 }
 
 void DateLine::append(Lexeme lexeme) {

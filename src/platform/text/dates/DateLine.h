@@ -85,6 +85,7 @@ private:
     void readEastern(const Token& token, QStringView written);
     qsizetype readEasternNumber(qint32 start, QStringView rest, bool afterSpace);
     void append(Lexeme lexeme);
+    void appendEasternNumber(Lexeme lexeme);
     void appendWord(qint32 start, qint32 end, QStringView word, bool afterSpace);
     bool beginsAfterMark(int index) const;
 

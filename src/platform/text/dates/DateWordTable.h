@@ -45,7 +45,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::weekday, 6, plain, u"saturday samstag sonnabend samedi sabado sabato zaterdag sobota sobote soboty суббота субботу субботы lørdag lordag sobotu cumartesi субота суботу lauantai lauantaina 土曜日 土曜 星期六 周六 週六 礼拜六 토요일"},
     {Role::weekday, 7, plain, u"sunday sonntag dimanche domingo domenica zondag niedziela niedziele воскресенье воскресенья søndag sondag nedele неділя неділю sunnuntai sunnuntaina 日曜日 日曜 星期日 星期天 周日 週日 礼拜天 일요일"},
     {Role::weekday, 1, ambiguous, u"mon lun lu mo ma pon пн seg segunda 月"},
-    {Role::weekday, 2, ambiguous, u"tue tues mar mardi di mar wt вт ter terca salı 火"},
+    {Role::weekday, 2, ambiguous, u"tue tues mar di mar wt вт ter terca salı 火"},
     {Role::weekday, 3, ambiguous, u"wed weds mi mie mer wo sr ср среда среды qua quarta sroda 水"},
     {Role::weekday, 4, ambiguous, u"thu thur thurs do jue jeu gio czw чт qui quinta 木"},
     {Role::weekday, 5, ambiguous, u"fri fr vie ven vr pt пт sex sexta cuma 金"},
@@ -81,6 +81,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::period, 8, plain, u"weekend weekends wochenende fin finde выходные выходных quarter quartal trimestre trimestre"},
 
     {Role::which, 0, plain, u"next last this coming upcoming este esta proximo proxima pasado pasada nachste nachsten nachster nachstes nachstem naechste naechsten naechstes letzte letzten letzter letztes letztem diese dieser dieses diesen diesem kommende kommenden kommendes vergangene vergangenen vorige vorigen ubernachste ubernachsten ce cet cette prochain prochaine prossimo prossima scorso scorsa questo questa quest volgende vorige deze komende afgelopen dit nastepnym nastepny przyszłym przyszły przyszła zeszłym zeszły ubiegłym tym следующии следующая следующую следующеи следующем следующее прошлыи прошлая прошлую прошлои прошлом прошлое этот эта эту этои этом это ближаишии ближаишую"},
+    {Role::which, 0, plain, u"다음 지난 이번"},
     {Role::whichAfter, 0, plain, u"next prochain prochaine dernier derniere passe passee proximo proxima pasado pasada passado passada entrante prossimo prossima scorso scorsa"},
 
     {Role::number, 1, plain, u"a an one un una une uno ein eine einem einer einen um uma een jeden один одну одна"},
@@ -146,6 +147,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::era, 1925, plain, u"昭和"},
     {Role::era, 1911, plain, u"大正 民國 民国"},
     {Role::era, 1867, plain, u"明治"},
+    {Role::eastFirst, 1, plain, u"元"},
     {Role::eastYear, 0, plain, u"年 년"},
     {Role::eastMonth, 0, plain, u"月 월"},
     {Role::eastDay, 0, plain, u"日 号 號 일"},

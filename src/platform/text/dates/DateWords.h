@@ -40,6 +40,7 @@ enum class Role : quint8 {
     phraseStart,
     phraseWord,
     era,
+    eastFirst,
     eastYear,
     eastMonth,
     eastDay,

@@ -16,6 +16,11 @@ int readPart(const DateLine& line, int& at, Role sign, int most) {
 int readYear(const DateLine& line, int& at) {
     const int base = line.value(at, Role::era);
     int next = base >= 0 ? at + 1 : at;
+    // The first year of an era is not numbered.
+    if (base >= 0 && line.has(next, Role::eastFirst) && line.has(next + 1, Role::eastYear)) {
+        at = next + 2;
+        return base + 1;
+    }
     const bool isTwoDigits = line.at(next).digits == 2;
     const int number = readPart(line, next, Role::eastYear, 2999);
     if (number < 0)

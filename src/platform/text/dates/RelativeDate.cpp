@@ -36,6 +36,10 @@ constexpr Pattern patterns[] = {
     {one(maskOf(Role::eastWeek))},
     {one(maskOf(Role::which)), one(maskOf(Role::weekday)), maybe(Role::dayPartLead),
      maybe(Role::dayPartLead), one(maskOf(Role::dayPart))},
+    {one(maskOf(Role::which)), one(maskOf(Role::period)), maybe(Role::of),
+     one(maskOf(Role::weekday))},
+    {one(maskOf(Role::weekday)), maybe(Role::of), one(maskOf(Role::which)),
+     one(maskOf(Role::period))},
     {one(maskOf(Role::which)), one(maskOf(Role::period, Role::weekday, Role::dayPart, Role::month))},
     {maybe(Role::article), one(maskOf(Role::period, Role::weekday)), one(maskOf(Role::whichAfter))},
     {one(maskOf(Role::weekday)), maybe(Role::dayPartLead), maybe(Role::dayPartLead),
@@ -180,7 +184,11 @@ std::optional<DatePiece> parseRelativeDate(const DateLine& line, int index) {
     if (!line.hasAny(index, beginnings))
         return std::nullopt;
     int end = index;
+    const RoleMask here = line.at(index).roles;
+    const bool mayBePhrase = line.has(index, Role::phraseStart);
     for (const Pattern& pattern : patterns) {
+        if (!mayBePhrase && !pattern[0].isOptional && (pattern[0].roles & here) == 0)
+            continue;
         const int matched = matchEnd(line, index, pattern);
         if (matched > end && isPlausible(line, index, matched, pattern))
             end = matched;
