@@ -56,6 +56,8 @@ int halfDayEnd(const DateLine& line, int index, int& half) {
         // German writes "um 10 am Bahnhof".
         const bool isPlace = half == 0 && !line.isGlued(index) && !line.at(index).capital &&
                              line.isWord(index + 1) && line.at(index + 1).capital &&
+                             line.written(index + 1).size() > 1 &&
+                             !line.hasAny(index - 2, maskOf(Role::at, Role::on, Role::weekday)) &&
                              !line.hasAny(index + 1, maskOf(Role::weekday, Role::month, Role::zone));
         return isPlace ? index : index + 1;
     }
@@ -161,7 +163,8 @@ bool readDotted(const DateLine& line, int index, Clock& clock) {
     int half = 0;
     const bool isClock = line.has(index + 3, Role::clock) ||
                          halfDayEnd(line, index + 3, half) != index + 3 ||
-                         line.has(index - 1, Role::hourLead);
+                         line.has(index - 1, Role::hourLead) ||
+                         (line.isMark(index - 1, u'.') && line.has(index - 2, Role::hourLead));
     if (!isClock)
         return false;
     clock.moment.minute = minute;
@@ -340,6 +343,9 @@ std::optional<DatePiece> parseTime(const DateLine& line, int index) {
     piece.end = clock->isMarked ? parseZone(line, clock->end, clock->moment) : clock->end;
     piece.first = clock->moment;
     piece.need = clock->need;
+    // "1:20 scale"
+    if (!clock->isHalf && line.value(piece.end, Role::notDate) == 1)
+        return std::nullopt;
     return piece;
 }
 

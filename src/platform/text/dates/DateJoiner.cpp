@@ -13,6 +13,25 @@ bool isLonger(const std::optional<DatePiece>& piece, const std::optional<DatePie
 
 } // namespace
 
+/// Most words cannot begin a date, and some only before certain others: a look that saves the rest.
+bool DateJoiner::mayBegin(int index) const {
+    constexpr RoleMask leading =
+        maskOf(Role::article, Role::inLead, Role::through, Role::agoLead, Role::number,
+               Role::ordinal, Role::phraseStart, Role::shortUnit, Role::period, Role::which,
+               Role::edge);
+    constexpr RoleMask alone =
+        maskOf(Role::month, Role::weekday, Role::dayName, Role::noon, Role::eastWeek, Role::era,
+               Role::eastHalfDay, Role::halfDay);
+    constexpr RoleMask followers =
+        leading | alone | maskOf(Role::ago, Role::whichAfter, Role::of, Role::phraseWord,
+                                 Role::dayPart, Role::ordinalSuffix);
+    const RoleMask roles = m_line.at(index).roles;
+    if (m_line.isDigits(index) || (roles & alone) != 0)
+        return true;
+    const bool isHyphened = m_line.isMark(index + 1, u'-') && m_line.isGlued(index + 1);
+    return (roles & leading) != 0 && (isHyphened || m_line.hasAny(index + 1, followers));
+}
+
 /// The longest day that begins here.
 std::optional<DatePiece> DateJoiner::day(int index) const {
     std::optional<DatePiece> best = parseNumericDate(m_line, index, m_order);
@@ -120,13 +139,15 @@ int DateJoiner::skipJoint(const Whole& whole, bool& isAt) const {
         ++at;
     isAt = false;
     constexpr RoleMask joining =
-        maskOf(Role::at, Role::on, Role::of, Role::article, Role::from);
+        maskOf(Role::at, Role::on, Role::of, Role::article, Role::from, Role::hourLead);
     for (int i = 0; i < 2 && m_line.isWord(at) && m_line.hasAny(at, joining); ++i) {
         // "à" and "a" may be of both; a word that begins a date of its own is no joint.
         if (m_line.hasAny(at, maskOf(Role::weekday, Role::dayName, Role::month)))
             break;
-        isAt = isAt || m_line.has(at, Role::at);
-        ++at;
+        isAt = isAt || m_line.hasAny(at, maskOf(Role::at, Role::hourLead));
+        const bool isShort = m_line.has(at, Role::hourLead) && m_line.isMark(at + 1, u'.') &&
+                             m_line.isGlued(at + 1);
+        at += isShort ? 2 : 1;
     }
     return at;
 }
@@ -157,6 +178,12 @@ std::optional<DatePiece> DateJoiner::isoTime(const Whole& whole) const {
     return time;
 }
 
+/// "So at 5" and "Do at 8" are no days; "Mon at 9" is one.
+bool DateJoiner::isNoChance(const Whole& whole) const {
+    constexpr int shortest = 3;
+    return whole.isCertain || m_line.written(whole.begin).size() >= shortest;
+}
+
 std::optional<DatePiece> DateJoiner::following(const Whole& whole) const {
     if (const auto time = isoTime(whole))
         return time;
@@ -178,7 +205,7 @@ std::optional<DatePiece> DateJoiner::following(const Whole& whole) const {
     const bool knowsDay = whole.hasDate || whole.isRelative || whole.hasWeekday;
     const bool isFulfilled = next->kind != Kind::time || next->need == Need::nothing ||
                              (next->need == Need::preposition && knowsDay) ||
-                             (next->need == Need::date && knowsDay && isAt);
+                             (next->need == Need::date && knowsDay && isAt && isNoChance(whole));
     const bool isDistant = next->kind != Kind::time && at > whole.end + 2 && !whole.hasWeekday;
     if (!isFulfilled || isDistant)
         return std::nullopt;
@@ -288,7 +315,10 @@ QString DateJoiner::valueOf(const Whole& whole) const {
 }
 
 std::optional<DateJoiner::Joined> DateJoiner::at(int index) const {
-    if (!m_line.beginsCleanly(index))
+    constexpr int namedDay = 2;
+    const bool isNamedDay = m_line.has(index, Role::weekday) &&
+                            m_line.value(index - 1, Role::notDate) == namedDay;
+    if (!mayBegin(index) || isNamedDay || !m_line.beginsCleanly(index))
         return std::nullopt;
     auto whole = chain(index);
     if (!whole)

@@ -34,6 +34,7 @@ private:
         Moment last;
     };
 
+    bool mayBegin(int index) const;
     std::optional<DatePiece> day(int index) const;
     std::optional<DatePiece> piece(int index, const Whole* before) const;
     std::optional<DatePiece> pieceOrRange(int index, const Whole* before) const;
@@ -47,6 +48,7 @@ private:
     void takeLateYear(Whole& whole) const;
     std::optional<Whole> chain(int index) const;
     void extendToRange(Whole& whole) const;
+    bool isNoChance(const Whole& whole) const;
     bool isPrepared(int index) const;
     QString valueOf(const Whole& whole) const;
 

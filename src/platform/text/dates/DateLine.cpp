@@ -275,6 +275,8 @@ bool DateLine::beginsAfterMark(int index) const {
     case u'–':
     case u'-':
         return false;
+    case u'[':
+        return !followsWord;
     case u':':
         return followsWord && (index == 2 || at(index - 2).afterSpace);
     case u',':

@@ -14,7 +14,7 @@ inline constexpr auto weak = Strength::weak;
 inline constexpr WordRow dateWordRows[] = {
     {Role::month, 1, plain, u"january januar janner enero janvier janv gennaio janeiro januari styczen stycznia styczniu январь января январе янв leden ledna ocak ianuarie januarie січень січня tammikuuta ιανουαριου ιανουαριοσ يناير tammikuu январе"},
     {Role::month, 2, plain, u"february feb februar febrero fevrier fevr gennaro febbraio fevereiro fev februari luty lutego lutym февраль февраля феврале фев февр unora unor subat februarie лютии лютого helmikuuta helmikuu φεβρουαριου φεβρουαριοσ فبراير"},
-    {Role::month, 3, plain, u"marz maerz marco marca maart marzec marcu марта марте brezna brezen березень березня maaliskuuta maaliskuu μαρτιου μαρτιοσ مارس marzo martie"},
+    {Role::month, 3, plain, u"marz maerz marco marca maart marts marzec marcu марта марте brezna brezen березень березня maaliskuuta maaliskuu μαρτιου μαρτιοσ مارس marzo martie"},
     {Role::month, 4, plain, u"april apr abril avril aprile kwiecien kwietnia kwietniu апрель апреля апреле апр dubna nisan aprilie квітень квітня huhtikuuta huhtikuu απριλιου απριλιοσ ابريل"},
     {Role::month, 5, plain, u"mayo maggio maio mei maja мая kvetna kveten mayis травень травня toukokuuta toukokuu μαιου μαιοσ مايو"},
     {Role::month, 6, plain, u"june jun juni junio juin giugno junho czerwiec czerwca czerwcu июнь июня июне июн cervna cerven haziran iunie червень червня kesakuuta kesakuu ιουνιου ιουνιοσ يونيو"},
@@ -74,11 +74,11 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::shortUnit, 1, plain, u"second seconds sec secs segundo segundos sekunde sekunden seconde secondes secondo secondi секунд секунды секунду сек seconden sekund 秒"},
     {Role::shortUnit, 2, plain, u"minute minutes min mins minuto minutos minuten minuta minuti minuut minut minuty минут минуты минуту мин 分 分钟 分鐘 분"},
     {Role::shortUnit, 3, plain, u"hour hours hr hrs hora horas stunde stunden heure heures ora ore uur uren godzin godziny godzine час часа часов 時間 小时 小時 시간"},
-    {Role::shortUnit, 4, plain, u"day days dia dias tag tage tagen jour jours giorno giorni dag dagen dni dzien день дня днеи 日 日間 天 일"},
+    {Role::shortUnit, 4, plain, u"day days dia dias tag tage tagen jour jours giorno giorni dag dagen dni dzien an lat lata лет день дня днеи 日 日間 天 일"},
     {Role::period, 5, plain, u"week weeks semana semanas woche wochen semaine semaines settimana settimane weken tydzien tygodni tygodnie tygodniu неделя неделю недели неделе недель 週間 周 週 주 fortnight uge vecka"},
     {Role::period, 6, plain, u"month months mes meses monat monats monate monaten mois mese mesi maand maanden miesiac miesiacu miesiace miesiecy месяц месяца месяцев месяце か月 ヶ月 カ月 ヵ月 个月 個月 개월 달 manad"},
-    {Role::period, 7, plain, u"year years ano anos jahr jahre jahren jahres an ans annee annees anno anni jaar jaren rok roku lat lata год года лет году 年 년"},
-    {Role::period, 8, plain, u"weekend weekends wochenende fin finde выходные выходных quarter quartal trimestre trimestre"},
+    {Role::period, 7, plain, u"year years ano anos jahr jahre jahren jahres ans annee annees anno anni jaar jaren rok roku год года году 年 년"},
+    {Role::period, 8, plain, u"weekend weekends wochenende finde выходные выходных quarter quartal trimestre trimestre"},
 
     {Role::which, 0, plain, u"next last this coming upcoming este esta proximo proxima pasado pasada nachste nachsten nachster nachstes nachstem naechste naechsten naechstes letzte letzten letzter letztes letztem diese dieser dieses diesen diesem kommende kommenden kommendes vergangene vergangenen vorige vorigen ubernachste ubernachsten ce cet cette prochain prochaine prossimo prossima scorso scorsa questo questa quest volgende vorige deze komende afgelopen dit nastepnym nastepny przyszłym przyszły przyszła zeszłym zeszły ubiegłym tym следующии следующая следующую следующеи следующем следующее прошлыи прошлая прошлую прошлои прошлом прошлое этот эта эту этои этом это ближаишии ближаишую"},
     {Role::which, 0, plain, u"다음 지난 이번"},
@@ -111,7 +111,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::ordinal, 10, plain, u"tenth zehnten десятое десятого"},
     {Role::ordinalSuffix, 0, plain, u"st nd rd th er ere e de ste º ª го е ого"},
 
-    {Role::ago, 0, plain, u"ago atras fa geleden temu назад sitten once once тому 前 後 后 以内 以前 以后 以後 之前 之后 전 후 뒤"},
+    {Role::ago, 0, plain, u"ago atras fa geleden temu назад sitten тому 前 後 后 以内 以前 以后 以後 之前 之后 전 후 뒤"},
     {Role::agoLead, 0, plain, u"hace vor ha"},
     {Role::inLead, 0, plain, u"in en dans tra fra over za em через om"},
     {Role::through, 0, plain, u"через za"},
@@ -138,9 +138,10 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::notDate, 0, plain, u"version versions ver v release build rev revision firmware kernel python node java qt linux php ruby perl gcc clang android ios macos windows debian ubuntu chrome firefox postgresql mysql nginx openssl sdk api npm версия versao versione wersja"},
     {Role::notDate, 1, plain, u"genesis exodus leviticus numbers deuteronomy joshua judges ruth samuel kings chronicles ezra nehemiah esther job psalm psalms proverbs ecclesiastes isaiah jeremiah lamentations ezekiel daniel hosea joel amos obadiah jonah micah nahum habakkuk zephaniah haggai zechariah malachi matthew mark luke john acts romans corinthians galatians ephesians philippians colossians thessalonians timothy titus philemon hebrews james peter jude revelation verse chapter surah sura quran juan mateo marcos lucas johannes matthaus markus lukas romer korinther jean matthieu marc luc salmo salmos psaume psaumes salmi giovanni matteo luca vers kapitel versiculo"},
     {Role::notDate, 1, plain, u"ratio scale aspect score massstab verhaltnis proporcion escala echelle duration length elapsed dauer duree duracion runtime масштаб счет section figure fig table abschnitt kapitel page port ip isbn sku serial"},
+    {Role::notDate, 2, plain, u"black cyber bloody casual fat"},
     {Role::french, 0, plain, u"je j tu il elle nous vous ils elles est les et des une pas que qui avec pour dans ai avons avez ont etait ete mon ma sur ce cette soir matin c'etait j'ai d'"},
-    {Role::phraseStart, 0, plain, u"il dentro que from the day pasado apres avant depois daqui"},
-    {Role::phraseWord, 0, plain, u"y a de viene vem now today tomorrow yesterday after before manana demain hier amanha"},
+    {Role::phraseStart, 0, plain, u"il l dentro que from the day pasado apres avant depois daqui"},
+    {Role::phraseWord, 0, plain, u"y a de an dernier prochain passe viene vem now today tomorrow yesterday after before manana demain hier amanha"},
 
     {Role::era, 2018, plain, u"令和"},
     {Role::era, 1988, plain, u"平成"},
@@ -183,6 +184,9 @@ inline constexpr Phrase datePhrases[] = {
     {Role::dayName, u"apres demain"},
     {Role::dayName, u"avant hier"},
     {Role::dayName, u"depois de amanha"},
+    {Role::dayName, u"l an dernier"},
+    {Role::dayName, u"l an passe"},
+    {Role::dayName, u"l an prochain"},
 };
 
 // clang-format on

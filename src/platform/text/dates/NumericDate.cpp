@@ -69,10 +69,10 @@ std::optional<DatePiece> yearFirst(const DateLine& line, int index, const Triple
 }
 
 bool followsDateWord(const DateLine& line, int index) {
-    const int before = line.isMark(index - 1, u':') || line.isMark(index - 1, u',') ||
-                               line.isMark(index - 1, u'.')
-                           ? index - 2
-                           : index - 1;
+    int before = index - 1;
+    for (int i = 0; i < 2; ++i)
+        if (line.isMark(before, u':') || line.isMark(before, u',') || line.isMark(before, u'.'))
+            --before;
     return line.hasAny(before, maskOf(Role::on, Role::weekday));
 }
 

@@ -164,7 +164,7 @@ bool isPlausible(const DateLine& line, int index, int end, const Pattern& patter
         const bool isAsked = (lastRoles(pattern) & maskOf(role)) != 0;
         const WordRow* row = isAsked ? line.row(end - 1, role) : nullptr;
         if (row && row->strength != Strength::plain && !line.at(end - 1).capital &&
-            !line.at(end - 1).eastern)
+            !line.at(end - 1).eastern && !line.has(end + 1, Role::feira))
             return false;
         const bool isFirst = (pattern[0].roles & maskOf(role)) != 0;
         const WordRow* first = isFirst ? line.row(index, role) : nullptr;
@@ -195,6 +195,9 @@ std::optional<DatePiece> parseRelativeDate(const DateLine& line, int index) {
     }
     if (end == index)
         return std::nullopt;
+    if (line.has(end - 1, Role::weekday) && line.isMark(end, u'-') &&
+        line.has(end + 1, Role::feira))
+        end += 2;
     DatePiece piece;
     piece.kind = DatePiece::Kind::relative;
     piece.begin = index;
