@@ -54,11 +54,12 @@ int halfDayEnd(const DateLine& line, int index, int& half) {
     half = line.value(index, Role::halfDay);
     if (half >= 0) {
         // German writes "um 10 am Bahnhof".
-        const bool isPlace = half == 0 && !line.isGlued(index) && !line.at(index).capital &&
-                             line.isWord(index + 1) && line.at(index + 1).capital &&
-                             line.written(index + 1).size() > 1 &&
-                             !line.hasAny(index - 2, maskOf(Role::at, Role::on, Role::weekday)) &&
-                             !line.hasAny(index + 1, maskOf(Role::weekday, Role::month, Role::zone));
+        const bool isPlace =
+            half == 0 && !line.isGlued(index) && !line.at(index).capital &&
+            line.isWord(index + 1) && line.at(index + 1).capital &&
+            line.written(index + 1).size() > 1 &&
+            !line.hasAny(index - 2, maskOf(Role::at, Role::on, Role::weekday)) &&
+            !line.hasAny(index + 1, maskOf(Role::weekday, Role::month, Role::zone));
         return isPlace ? index : index + 1;
     }
     const QString letter = line.isWord(index) && line.isMark(index + 1, u'.') &&
@@ -243,9 +244,9 @@ int readOffset(const DateLine& line, int index, Moment& moment) {
     const int offset = offsetAt(line, index, end);
     const bool isLong = end == index + 4 || line.at(index + 1).digits == 4;
     const bool isMinus = !line.isMark(index, u'+');
-    const bool isClear = line.isGlued(index) ? !isMinus || moment.second >= 0 ||
-                                                   line.at(index + 1).digits == 4
-                                             : isLong && !isMinus;
+    const bool isClear = line.isGlued(index)
+                             ? !isMinus || moment.second >= 0 || line.at(index + 1).digits == 4
+                             : isLong && !isMinus;
     const bool isSpacedMinus = !line.isGlued(index) && line.at(index + 1).digits == 4;
     if (offset == Moment::noOffset || (!isClear && !isSpacedMinus))
         return index;
@@ -302,16 +303,16 @@ int parseZone(const DateLine& line, int index, Moment& moment) {
     const bool isInParens = line.isMark(index, u'(');
     const int at = isInParens ? index + 1 : index;
     const int zone = line.value(at, Role::zone);
-    const bool isWritten = zone >= 0 && line.isUpper(at) &&
-                           (line.written(at).size() > 1 || line.isGlued(at));
+    const bool isWritten =
+        zone >= 0 && line.isUpper(at) && (line.written(at).size() > 1 || line.isGlued(at));
     if (!isWritten)
         return index;
     int end = at + 1;
     if (zone == 0 || line.written(at).size() == 1) {
         moment.offset = 0;
         int past = end;
-        const int offset = zone == 0 && line.isGlued(end) ? offsetAt(line, end, past)
-                                                          : Moment::noOffset;
+        const int offset =
+            zone == 0 && line.isGlued(end) ? offsetAt(line, end, past) : Moment::noOffset;
         if (offset != Moment::noOffset) {
             moment.offset = offset;
             end = past;
@@ -324,8 +325,8 @@ int parseZone(const DateLine& line, int index, Moment& moment) {
 
 std::optional<DatePiece> parseTime(const DateLine& line, int index) {
     int half = -1;
-    const bool hasHalfBefore = line.has(index, Role::halfDay) && line.isUpper(index) &&
-                               line.isDigits(index + 1);
+    const bool hasHalfBefore =
+        line.has(index, Role::halfDay) && line.isUpper(index) && line.isDigits(index + 1);
     if (hasHalfBefore)
         half = line.value(index, Role::halfDay);
     else if (line.has(index - 1, Role::notDate))

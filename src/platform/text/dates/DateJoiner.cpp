@@ -15,16 +15,14 @@ bool isLonger(const std::optional<DatePiece>& piece, const std::optional<DatePie
 
 /// Most words cannot begin a date, and some only before certain others: a look that saves the rest.
 bool DateJoiner::mayBegin(int index) const {
-    constexpr RoleMask leading =
-        maskOf(Role::article, Role::inLead, Role::through, Role::agoLead, Role::number,
-               Role::ordinal, Role::phraseStart, Role::shortUnit, Role::period, Role::which,
-               Role::edge);
-    constexpr RoleMask alone =
-        maskOf(Role::month, Role::weekday, Role::dayName, Role::noon, Role::eastWeek, Role::era,
-               Role::eastHalfDay, Role::halfDay);
-    constexpr RoleMask followers =
-        leading | alone | maskOf(Role::ago, Role::whichAfter, Role::of, Role::phraseWord,
-                                 Role::dayPart, Role::ordinalSuffix);
+    constexpr RoleMask leading = maskOf(Role::article, Role::inLead, Role::through, Role::agoLead,
+                                        Role::number, Role::ordinal, Role::phraseStart,
+                                        Role::shortUnit, Role::period, Role::which, Role::edge);
+    constexpr RoleMask alone = maskOf(Role::month, Role::weekday, Role::dayName, Role::noon,
+                                      Role::eastWeek, Role::era, Role::eastHalfDay, Role::halfDay);
+    constexpr RoleMask followers = leading | alone |
+                                   maskOf(Role::ago, Role::whichAfter, Role::of, Role::phraseWord,
+                                          Role::dayPart, Role::ordinalSuffix);
     const RoleMask roles = m_line.at(index).roles;
     if (m_line.isDigits(index) || (roles & alone) != 0)
         return true;
@@ -130,7 +128,8 @@ int DateJoiner::skipJoint(const Whole& whole, bool& isAt) const {
                        !whole.hasDate && !whole.hasTime;
     if (isDot)
         ++at;
-    const bool isDash = m_line.isMark(at, u'-') || m_line.isMark(at, u'–') || m_line.isMark(at, u'—');
+    const bool isDash =
+        m_line.isMark(at, u'-') || m_line.isMark(at, u'–') || m_line.isMark(at, u'—');
     if (m_line.isMark(at, u',') || m_line.isMark(at, u'@') || (isDash && !m_line.isGlued(at)))
         ++at;
     if (m_line.isMark(at, u':') && m_line.isGlued(at) && whole.hasDate && m_line.isGlued(at + 1))
@@ -145,8 +144,8 @@ int DateJoiner::skipJoint(const Whole& whole, bool& isAt) const {
         if (m_line.hasAny(at, maskOf(Role::weekday, Role::dayName, Role::month)))
             break;
         isAt = isAt || m_line.hasAny(at, maskOf(Role::at, Role::hourLead));
-        const bool isShort = m_line.has(at, Role::hourLead) && m_line.isMark(at + 1, u'.') &&
-                             m_line.isGlued(at + 1);
+        const bool isShort =
+            m_line.has(at, Role::hourLead) && m_line.isMark(at + 1, u'.') && m_line.isGlued(at + 1);
         at += isShort ? 2 : 1;
     }
     return at;
@@ -156,8 +155,7 @@ int DateJoiner::skipJoint(const Whole& whole, bool& isAt) const {
 std::optional<DatePiece> DateJoiner::isoTime(const Whole& whole) const {
     const int at = whole.end;
     const bool isJoined = whole.hasDate && !whole.hasTime && m_line.isWord(at) &&
-                          m_line.isGlued(at) && m_line.isGlued(at + 1) &&
-                          m_line.folded(at) == u"t";
+                          m_line.isGlued(at) && m_line.isGlued(at + 1) && m_line.folded(at) == u"t";
     if (!isJoined)
         return std::nullopt;
     const int digits = m_line.at(at + 1).digits;
@@ -239,8 +237,8 @@ void DateJoiner::take(const DatePiece& piece, Whole& whole) const {
 /// "Tue Mar 5 14:00:01 2024".
 void DateJoiner::takeLateYear(Whole& whole) const {
     const int year = m_line.number(whole.end, 4, 4, 1900, 2199);
-    const bool isMissing = whole.hasDate && whole.hasTime && !whole.isRange &&
-                           whole.first.year == Moment::unknown;
+    const bool isMissing =
+        whole.hasDate && whole.hasTime && !whole.isRange && whole.first.year == Moment::unknown;
     if (!isMissing || year < 0 || !m_line.endsCleanly(whole.end + 1))
         return;
     whole.first.year = whole.last.year = year;
@@ -261,8 +259,8 @@ std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
     Whole whole;
     whole.begin = index;
     take(*begin, whole);
-    whole.isCertain = begin->need == Need::nothing ||
-                      (begin->need == Need::preposition && isPrepared(index));
+    whole.isCertain =
+        begin->need == Need::nothing || (begin->need == Need::preposition && isPrepared(index));
     Whole best = whole;
     bool hasBest = whole.isCertain && endsCleanly(whole);
     bool isPlain = begin->kind != Kind::weekday || begin->need == Need::nothing ||
@@ -273,7 +271,8 @@ std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
         if (!next || !isPlain)
             break;
         take(*next, whole);
-        whole.isCertain = whole.isCertain || next->need != Need::company || next->kind != Kind::weekday;
+        whole.isCertain =
+            whole.isCertain || next->need != Need::company || next->kind != Kind::weekday;
         takeLateYear(whole);
         if (!whole.isCertain || !endsCleanly(whole))
             continue;
@@ -286,7 +285,8 @@ std::optional<DateJoiner::Whole> DateJoiner::chain(int index) const {
 /// "2024-03-05 14:00 – 2024-03-06 15:00".
 void DateJoiner::extendToRange(Whole& whole) const {
     const int next = skipRangeSign(m_line, whole.end);
-    const bool isSlash = m_line.isMark(whole.end, u'/') && m_line.isGlued(whole.end) && whole.hasTime;
+    const bool isSlash =
+        m_line.isMark(whole.end, u'/') && m_line.isGlued(whole.end) && whole.hasTime;
     if (whole.isRange || (next == whole.end && !isSlash))
         return;
     const auto other = chain(isSlash ? whole.end + 1 : next);
@@ -316,16 +316,16 @@ QString DateJoiner::valueOf(const Whole& whole) const {
 
 std::optional<DateJoiner::Joined> DateJoiner::at(int index) const {
     constexpr int namedDay = 2;
-    const bool isNamedDay = m_line.has(index, Role::weekday) &&
-                            m_line.value(index - 1, Role::notDate) == namedDay;
+    const bool isNamedDay =
+        m_line.has(index, Role::weekday) && m_line.value(index - 1, Role::notDate) == namedDay;
     if (!mayBegin(index) || isNamedDay || !m_line.beginsCleanly(index))
         return std::nullopt;
     auto whole = chain(index);
     if (!whole)
         return std::nullopt;
     extendToRange(*whole);
-    const bool hasFrom = whole->takesFrom && m_line.isWord(index - 1) &&
-                         m_line.has(index - 1, Role::from);
+    const bool hasFrom =
+        whole->takesFrom && m_line.isWord(index - 1) && m_line.has(index - 1, Role::from);
     return Joined{hasFrom ? index - 1 : index, whole->end, valueOf(*whole)};
 }
 

@@ -52,15 +52,16 @@ public:
     const Lexeme& at(int index) const { return contains(index) ? m_lexemes[index] : m_nothing; }
     QString folded(int index) const;
     QStringView written(int index) const;
-    bool isUpper(int index) const { return std::all_of(written(index).begin(), written(index).end(), [](QChar c) { return c.isUpper(); }); }
+    bool isUpper(int index) const {
+        return std::all_of(written(index).begin(), written(index).end(),
+                           [](QChar c) { return c.isUpper(); });
+    }
 
     bool isMark(int index, char16_t mark) const { return at(index).mark == mark && mark != 0; }
     bool isGlued(int index) const { return contains(index) && !at(index).afterSpace; }
     bool has(int index, Role role) const { return (at(index).roles & maskOf(role)) != 0; }
     bool hasAny(int index, RoleMask roles) const { return (at(index).roles & roles) != 0; }
-    bool isWord(int index) const {
-        return contains(index) && at(index).kind == Lexeme::Kind::word;
-    }
+    bool isWord(int index) const { return contains(index) && at(index).kind == Lexeme::Kind::word; }
     bool isDigits(int index) const {
         return contains(index) && at(index).kind == Lexeme::Kind::number;
     }

@@ -55,7 +55,8 @@ enum class Role : quint8 {
 
 using RoleMask = quint64;
 
-template <typename... Roles> constexpr RoleMask maskOf(Roles... roles) {
+template <typename... Roles>
+constexpr RoleMask maskOf(Roles... roles) {
     return (... | (RoleMask(1) << int(roles)));
 }
 

@@ -61,8 +61,8 @@ Year yearAt(const DateLine& line, int index, ShortYear shortYear) {
     constexpr int firstYear = 1000;
     constexpr int lastYear = 2999;
     const int year = line.number(index, 4, 4, firstYear, lastYear);
-    const bool isClock = line.isMark(index + 1, u':') && line.isGlued(index + 2) &&
-                         line.at(index + 2).digits > 2;
+    const bool isClock =
+        line.isMark(index + 1, u':') && line.isGlued(index + 2) && line.at(index + 2).digits > 2;
     if (year > 0 && !isClock && endsNumber(line, index + 1))
         return {year, skipYearMark(line, index + 1)};
     const bool isCut = line.isMark(index, u'\'') || line.isMark(index, u'’');
@@ -84,7 +84,7 @@ Year yearAfter(const DateLine& line, int end, bool isAbbreviated) {
     if (line.has(at, Role::of) && line.isWord(at))
         return yearAt(line, at + 1, ShortYear::allowed);
     const bool isLast = at + 1 >= line.size() || !line.isGlued(at + 1) ? at + 1 >= line.size()
-                                                                      : line.endsCleanly(at + 1);
+                                                                       : line.endsCleanly(at + 1);
     const bool mayBeShort = isAbbreviated && at == end && isLast;
     return yearAt(line, at, mayBeShort ? ShortYear::allowed : ShortYear::refused);
 }
@@ -173,7 +173,8 @@ std::optional<DatePiece> dayFirst(const DateLine& line, int index) {
     if (!isMonth(line, month, index, hasYear, day->isOrdinal) || (isGluedOn && !hasYear) ||
         (isWordDay && !line.has(day->end, Role::of) && !line.has(day->end, Role::month)))
         return std::nullopt;
-    auto piece = pieceOf(line, beginWithArticle(line, index, day->isOrdinal), month + 1, month, year);
+    auto piece =
+        pieceOf(line, beginWithArticle(line, index, day->isOrdinal), month + 1, month, year);
     piece->takesFrom = last.day != 0 && isRangeWord(line, day->end);
     return setDays(*piece, day->day, last.day) ? piece : std::nullopt;
 }
@@ -193,7 +194,8 @@ std::optional<DatePiece> monthFirst(const DateLine& line, int index) {
     if (line.has(at, Role::article) && line.isWord(at))
         ++at;
     const auto day = line.isDigits(at) ? dayAt(line, at) : std::nullopt;
-    if (!day || line.isGlued(index + 1) != (line.isMark(index + 1, u'.') || isJoint(line, index + 1)))
+    if (!day ||
+        line.isGlued(index + 1) != (line.isMark(index + 1, u'.') || isJoint(line, index + 1)))
         return std::nullopt;
     // A dot behind the day ends a sentence here.
     Day first = *day;

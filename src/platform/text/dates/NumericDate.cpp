@@ -120,8 +120,8 @@ std::optional<DatePiece> yearLast(const DateLine& line, int index, const Triple&
 
 /// "5.3." with a preposition, "Fri 3/5".
 std::optional<DatePiece> withoutYear(const DateLine& line, int index, DateOrder order) {
-    const bool isDotted = separates(line, index + 1, u'.') && line.isMark(index + 3, u'.') &&
-                          line.isGlued(index + 3);
+    const bool isDotted =
+        separates(line, index + 1, u'.') && line.isMark(index + 3, u'.') && line.isGlued(index + 3);
     const bool isSlashed = separates(line, index + 1, u'/');
     if (!isDotted && !isSlashed)
         return std::nullopt;
@@ -134,8 +134,8 @@ std::optional<DatePiece> withoutYear(const DateLine& line, int index, DateOrder 
     if (isSwapped && (isDotted || !isDay(Moment::unknown, day, month)))
         return std::nullopt;
     const int end = index + (isDotted ? 4 : 3);
-    DatePiece piece = pieceOf(index, end, Moment::unknown, isSwapped ? day : month,
-                              isSwapped ? month : day);
+    DatePiece piece =
+        pieceOf(index, end, Moment::unknown, isSwapped ? day : month, isSwapped ? month : day);
     const bool isSupported = followsDateWord(line, index) || (isSlashed && precedesTime(line, end));
     piece.need = isSupported ? DatePiece::Need::nothing : DatePiece::Need::company;
     return piece;

@@ -40,7 +40,8 @@ constexpr Pattern patterns[] = {
      one(maskOf(Role::weekday))},
     {one(maskOf(Role::weekday)), maybe(Role::of), one(maskOf(Role::which)),
      one(maskOf(Role::period))},
-    {one(maskOf(Role::which)), one(maskOf(Role::period, Role::weekday, Role::dayPart, Role::month))},
+    {one(maskOf(Role::which)),
+     one(maskOf(Role::period, Role::weekday, Role::dayPart, Role::month))},
     {maybe(Role::article), one(maskOf(Role::period, Role::weekday)), one(maskOf(Role::whichAfter))},
     {one(maskOf(Role::weekday)), maybe(Role::dayPartLead), maybe(Role::dayPartLead),
      one(maskOf(Role::dayPart))},
@@ -49,8 +50,7 @@ constexpr Pattern patterns[] = {
     {one(anyUnit), one(maskOf(Role::ago))},
     {one(maskOf(Role::agoLead)), one(maskOf(Role::number)), one(anyUnit)},
     {one(maskOf(Role::inLead)), one(maskOf(Role::number)), one(anyUnit)},
-    {one(maskOf(Role::inLead)), one(maskOf(Role::number)), one(maskOf(Role::number)),
-     one(anyUnit)},
+    {one(maskOf(Role::inLead)), one(maskOf(Role::number)), one(maskOf(Role::number)), one(anyUnit)},
     {one(maskOf(Role::through)), one(anyUnit)},
     {one(maskOf(Role::edge)), maybe(Role::of), maybe(Role::article), maybe(Role::which),
      one(maskOf(Role::period))},
@@ -133,8 +133,9 @@ bool isDayName(const DateLine& line, int index) {
         return false;
     }
     const QString before = line.isWord(index - 1) ? line.folded(index - 1) : QString();
-    constexpr QStringView nouns[] = {u"la", u"por", u"guten", u"am", u"jeden", u"den", u"der",
-                                     u"goede", u"de", u"esta", u"einen", u"dieser", u"diesen"};
+    constexpr QStringView nouns[] = {u"la",    u"por",    u"guten", u"am", u"jeden",
+                                     u"den",   u"der",    u"goede", u"de", u"esta",
+                                     u"einen", u"dieser", u"diesen"};
     return std::find(std::begin(nouns), std::end(nouns), before) == std::end(nouns);
 }
 
