@@ -290,8 +290,11 @@ bool DateLine::endsCleanly(int end) const {
     if (end >= size() || at(end).afterSpace)
         return true;
     const Lexeme& next = at(end);
+    const bool isEasternEnd = at(end - 1).eastern && at(end - 1).kind == Lexeme::Kind::word;
     if (next.kind != Lexeme::Kind::mark)
-        return next.eastern || (at(end - 1).eastern && at(end - 1).kind == Lexeme::Kind::word);
+        return next.eastern || isEasternEnd;
+    if (isEasternEnd)
+        return true;
     const bool isGluedOn = isGlued(end + 1);
     if (QStringView(u".:,-'’–").contains(QChar(next.mark))) {
         const bool goesOn = isGluedOn && at(end + 1).kind != Lexeme::Kind::mark;

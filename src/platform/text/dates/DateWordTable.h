@@ -122,6 +122,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::from, 0, plain, u"from von vom desde de del du с со dal dalle das van od"},
     {Role::to, 0, plain, u"to until till through thru bis hasta a al au a до по alle al ao as tot do から до"},
     {Role::on, 0, plain, u"on by until till before after since from for due dated date am vom bis zum ab den der seit el del al le du au depuis avant jusqu dal il em no op vanaf do od dia с до к от по дата datum fecha"},
+    {Role::dottedOn, 0, plain, u"am vom bis zum ab den der dem seit с до к по от den dne do"},
     {Role::article, 0, plain, u"the le la l el den"},
     {Role::edge, 0, plain, u"end beginning start middle mid early late fin finales principios mediados inicios ende anfang mitte debut fine meta inizio final конец конце начало начале середине eind einde begin koniec koncu"},
 

@@ -28,6 +28,7 @@ enum class Role : quint8 {
     from,
     to,
     on,
+    dottedOn,
     article,
     edge,
     clock,

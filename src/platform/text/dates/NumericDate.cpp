@@ -1,5 +1,7 @@
 #include "platform/text/dates/DateParsers.h"
 
+#include <algorithm>
+
 namespace quorvel {
 
 namespace {
@@ -68,12 +70,17 @@ std::optional<DatePiece> yearFirst(const DateLine& line, int index, const Triple
     return pieceOf(index, triple.end + (closes ? 1 : 0), year, month, day);
 }
 
-bool followsDateWord(const DateLine& line, int index) {
+/// The lexeme before, over the marks of "Datum: 5.3." and "Di., 5.3.".
+int wordBefore(const DateLine& line, int index) {
     int before = index - 1;
     for (int i = 0; i < 2; ++i)
         if (line.isMark(before, u':') || line.isMark(before, u',') || line.isMark(before, u'.'))
             --before;
-    return line.hasAny(before, maskOf(Role::on, Role::weekday));
+    return before;
+}
+
+bool followsDateWord(const DateLine& line, int index) {
+    return line.hasAny(wordBefore(line, index), maskOf(Role::on, Role::weekday));
 }
 
 bool precedesTime(const DateLine& line, int index) {
@@ -81,20 +88,21 @@ bool precedesTime(const DateLine& line, int index) {
     return line.isDigits(at) && line.isMark(at + 1, u':') && line.isGlued(at + 1);
 }
 
-bool followsCapital(const DateLine& line, int index) {
-    return line.isWord(index - 1) && line.at(index - 1).capital;
+/// Versions follow names of programs and signs of comparison.
+bool mayFollow(const DateLine& line, int index) {
+    const Lexeme& before = line.at(index - 1);
+    if (before.kind == Lexeme::Kind::mark)
+        return index == 0 || !QStringView(u"=<>~^\"'`").contains(QChar(before.mark));
+    return before.capital || before.roles != 0;
 }
 
 /// Versions and part numbers look like dates with a short year.
 bool isShortYearDate(const DateLine& line, int index, const Triple& triple, DateOrder order) {
     const bool isPadded = triple.digits[0] == 2 && triple.digits[1] == 2;
-    const bool isSupported = followsDateWord(line, index) || precedesTime(line, triple.end);
-    if (triple.mark == u'/' || isSupported)
+    if (triple.mark == u'/' || followsDateWord(line, index) || precedesTime(line, triple.end))
         return true;
-    if (triple.mark == u'-')
-        return false;
-    const bool isNative = order == DateOrder::dayFirst || !followsCapital(line, index);
-    return isPadded || isNative;
+    const bool isNative = order == DateOrder::dayFirst || isPadded;
+    return triple.mark == u'.' && isNative && mayFollow(line, index);
 }
 
 std::optional<DatePiece> yearLast(const DateLine& line, int index, const Triple& triple,
@@ -118,6 +126,12 @@ std::optional<DatePiece> yearLast(const DateLine& line, int index, const Triple&
     return std::nullopt;
 }
 
+bool isFraction(int numerator, int denominator) {
+    constexpr int usual[] = {2, 3, 4, 5, 8};
+    return numerator < denominator &&
+           std::find(std::begin(usual), std::end(usual), denominator) != std::end(usual);
+}
+
 /// "5.3." with a preposition, "Fri 3/5".
 std::optional<DatePiece> withoutYear(const DateLine& line, int index, DateOrder order) {
     const bool isDotted =
@@ -136,7 +150,10 @@ std::optional<DatePiece> withoutYear(const DateLine& line, int index, DateOrder 
     const int end = index + (isDotted ? 4 : 3);
     DatePiece piece =
         pieceOf(index, end, Moment::unknown, isSwapped ? day : month, isSwapped ? month : day);
-    const bool isSupported = followsDateWord(line, index) || (isSlashed && precedesTime(line, end));
+    const bool isPrepared =
+        isDotted ? line.hasAny(wordBefore(line, index), maskOf(Role::dottedOn, Role::weekday))
+                 : followsDateWord(line, index) && !isFraction(first, second);
+    const bool isSupported = isPrepared || (isSlashed && precedesTime(line, end));
     piece.need = isSupported ? DatePiece::Need::nothing : DatePiece::Need::company;
     return piece;
 }
@@ -158,9 +175,10 @@ std::optional<DatePiece> dayRange(const DateLine& line, int index, DateOrder ord
     piece.first.day = day;
     piece.isRange = true;
     piece.takesFrom = isRangeWord(line, index + 2);
-    piece.need = followsDateWord(line, index) || piece.first.year != Moment::unknown
-                     ? DatePiece::Need::nothing
-                     : DatePiece::Need::company;
+    const bool isPrepared =
+        line.hasAny(wordBefore(line, index), maskOf(Role::dottedOn, Role::weekday));
+    piece.need = isPrepared || piece.first.year != Moment::unknown ? DatePiece::Need::nothing
+                                                                   : DatePiece::Need::company;
     return piece;
 }
 

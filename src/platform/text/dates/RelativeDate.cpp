@@ -1,7 +1,9 @@
 #include "platform/text/dates/DateParsers.h"
 #include "platform/text/dates/DateWordTable.h"
 
+#include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace quorvel {
 
@@ -139,11 +141,23 @@ bool isDayName(const DateLine& line, int index) {
     return std::find(std::begin(nouns), std::end(nouns), before) == std::end(nouns);
 }
 
-/// "in 30 seconds", "in an 5 steps": how long something takes, not when it is.
+bool isOneOf(const QString& word, std::initializer_list<QStringView> words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// "in 30 seconds", "over 24 hours": how long something takes, not when it is. Words of two
+/// languages make no date either ("in a tag").
 bool isDuration(const DateLine& line, int index, int end) {
     constexpr int second = 1;
-    return line.hasAny(index, maskOf(Role::inLead)) &&
-           line.value(end - 1, Role::shortUnit) == second;
+    if (!line.hasAny(index, maskOf(Role::inLead)))
+        return false;
+    const QString lead = line.folded(index);
+    const QString unit = line.folded(end - 1);
+    const bool isDutch = isOneOf(
+        unit, {u"dag", u"dagen", u"weken", u"maand", u"maanden", u"jaar", u"uur", u"minuten"});
+    const bool isMixed = line.folded(end - 2) == u"a" && isOneOf(unit, {u"tag", u"dag"});
+    return line.value(end - 1, Role::shortUnit) == second || (lead == u"over" && !isDutch) ||
+           isMixed;
 }
 
 /// The roles the last place of a pattern asks for.
@@ -168,6 +182,10 @@ bool isPlausible(const DateLine& line, int index, int end, const Pattern& patter
             !line.at(end - 1).eastern && !line.has(end + 1, Role::feira))
             return false;
         const bool isFirst = (pattern[0].roles & maskOf(role)) != 0;
+        const bool isShout = row && row->strength != Strength::plain && !line.at(end - 1).eastern &&
+                             (line.isUpper(end - 1) || line.folded(index) == u"this");
+        if (isShout)
+            return false;
         const WordRow* first = isFirst ? line.row(index, role) : nullptr;
         if (first && first->strength != Strength::plain && !line.at(index).capital)
             return false;
