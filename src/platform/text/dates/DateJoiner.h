@@ -48,6 +48,7 @@ private:
     void takeLateYear(Whole& whole) const;
     std::optional<Whole> chain(int index) const;
     void extendToRange(Whole& whole) const;
+    bool beginsDate(int index) const;
     bool isNoChance(const Whole& whole) const;
     bool isPrepared(int index) const;
     QString valueOf(const Whole& whole) const;

@@ -84,7 +84,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::which, 0, plain, u"다음 지난 이번"},
     {Role::whichAfter, 0, plain, u"next prochain prochaine dernier derniere passe passee proximo proxima pasado pasada passado passada entrante prossimo prossima scorso scorsa"},
 
-    {Role::number, 1, plain, u"a an one un una une uno ein eine einem einer einen um uma een jeden один одну одна"},
+    {Role::number, 1, plain, u"a an one eins un una une uno ein eine einem einer einen um uma een jeden один одну одна"},
     {Role::number, 2, plain, u"two dos zwei deux due dois duas twee dwa dwie два две 两 兩 couple"},
     {Role::number, 3, plain, u"three tres drei trois tre drie trzy три few unos unas par пару quelques einigen wenigen algunos несколько"},
     {Role::number, 4, plain, u"four cuatro vier quatre quattro quatro cztery четыре"},
@@ -94,6 +94,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::number, 8, plain, u"eight ocho acht huit otto oito osiem восемь"},
     {Role::number, 9, plain, u"nine nueve neun neuf nove negen dziewiec девять"},
     {Role::number, 10, plain, u"ten diez zehn dix dieci dez tien dziesiec десять"},
+    {Role::number, 11, plain, u"eleven elf onze undici одиннадцать"},
     {Role::number, 12, plain, u"twelve doce zwolf douze dodici doze twaalf двенадцать"},
     {Role::number, 15, plain, u"fifteen quince quinze funfzehn quindici пятнадцать"},
     {Role::number, 20, plain, u"twenty veinte zwanzig vingt venti vinte двадцать"},
@@ -117,7 +118,7 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::through, 0, plain, u"через za"},
 
     {Role::at, 0, plain, u"at um a o alle as as las в om kl klo gegen vers ab около by @ around about from"},
-    {Role::hourLead, 0, plain, u"ore kl klo alle um"},
+    {Role::hourLead, 0, plain, u"ore kl klo alle um в"},
     {Role::of, 0, plain, u"of de del des di d do の 的 der du"},
     {Role::from, 0, plain, u"from von vom desde de del du с со dal dalle das van od"},
     {Role::to, 0, plain, u"to until till through thru bis hasta a al au a до по alle al ao as tot do から до"},
@@ -134,6 +135,11 @@ inline constexpr WordRow dateWordRows[] = {
     {Role::zone, 1, plain, u"z cet cest mez mesz pst pdt est edt cst cdt mst mdt bst ist jst kst msk мск eet eest wet west aest aedt acst awst nzst nzdt hkt sgt brt art et pt ct mt hst akst akdt sast wib pht pkt"},
     {Role::noon, 12, plain, u"noon midday midi mediodia mezzogiorno полдень"},
     {Role::noon, 0, plain, u"midnight mitternacht minuit medianoche mezzanotte полночь"},
+    {Role::hourPart, 30, plain, u"half"},
+    {Role::hourPart, 15, plain, u"quarter viertel"},
+    {Role::hourPart, -30, plain, u"halb"},
+    {Role::past, 0, plain, u"past after nach"},
+    {Role::before, 0, plain, u"to before vor"},
     {Role::yearMark, 0, plain, u"г года год году годов р року r"},
 
     {Role::notDate, 0, plain, u"version versions ver v release build rev revision firmware kernel python node java qt linux php ruby perl gcc clang android ios macos windows debian ubuntu chrome firefox postgresql mysql nginx openssl sdk api npm версия versao versione wersja"},

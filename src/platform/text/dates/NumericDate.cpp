@@ -84,7 +84,8 @@ bool followsDateWord(const DateLine& line, int index) {
 }
 
 bool precedesTime(const DateLine& line, int index) {
-    const int at = line.isMark(index, u',') ? index + 1 : index;
+    const bool isJoined = line.isMark(index, u',') || line.has(index, Role::at);
+    const int at = isJoined ? index + 1 : index;
     return line.isDigits(at) && line.isMark(at + 1, u':') && line.isGlued(at + 1);
 }
 
