@@ -165,17 +165,37 @@ bool readDotted(const DateLine& line, int index, Clock& clock) {
     return true;
 }
 
+/// "noon", "12 midnight".
+std::optional<Clock> noonAt(const DateLine& line, int index) {
+    const bool isCounted = line.number(index, 2, 2, 12, 12) > 0;
+    const int at = isCounted ? index + 1 : index;
+    if (!line.has(at, Role::noon))
+        return std::nullopt;
+    Clock noon;
+    noon.moment.hour = line.value(at, Role::noon);
+    noon.end = at + 1;
+    noon.need = isCounted ? DatePiece::Need::nothing : DatePiece::Need::preposition;
+    noon.isMarked = true;
+    return noon;
+}
+
+/// The words behind "5", "5:30" or "5.30" that make it a time.
+void readClockWords(const DateLine& line, bool hasMinutes, Clock& clock) {
+    if (!line.has(clock.end, Role::clock))
+        return;
+    if (hasMinutes) {
+        ++clock.end;
+        return;
+    }
+    clock.need = DatePiece::Need::nothing;
+    readClockWord(line, clock.end, clock);
+}
+
 } // namespace
 
 std::optional<Clock> clockAt(const DateLine& line, int index) {
-    if (line.has(index, Role::noon)) {
-        Clock noon;
-        noon.moment.hour = line.value(index, Role::noon);
-        noon.end = index + 1;
-        noon.need = DatePiece::Need::preposition;
-        noon.isMarked = true;
+    if (const auto noon = noonAt(line, index))
         return noon;
-    }
     if (const auto eastern = easternAt(line, index))
         return eastern;
     Clock clock;
@@ -183,32 +203,22 @@ std::optional<Clock> clockAt(const DateLine& line, int index) {
     if (clock.moment.hour < 0)
         return std::nullopt;
     clock.end = index + 1;
-    if (clock.moment.hour == 12 && line.has(index + 1, Role::noon)) {
-        clock.moment.hour = line.value(index + 1, Role::noon);
-        clock.end = index + 2;
-        return clock;
-    }
     const bool hasMinutes = readColons(line, index, clock) || readDotted(line, index, clock);
     if (!hasMinutes)
         clock.need = DatePiece::Need::date;
-    if (hasMinutes && line.has(clock.end, Role::clock))
-        ++clock.end;
-    else if (!hasMinutes && line.has(clock.end, Role::clock)) {
-        clock.need = DatePiece::Need::nothing;
-        readClockWord(line, clock.end, clock);
-    }
+    readClockWords(line, hasMinutes, clock);
     int half = 0;
     const int halfEnd = halfDayEnd(line, clock.end, half);
-    if (halfEnd != clock.end && clock.moment.hour <= 23) {
-        if (!hasMinutes && (clock.moment.hour < 1 || clock.moment.hour > 12))
-            return std::nullopt;
-        applyHalf(clock.moment, half);
-        clock.end = halfEnd;
-        clock.need = DatePiece::Need::nothing;
-        clock.isHalf = clock.isMarked = true;
-    } else {
+    if (halfEnd == clock.end || clock.moment.hour > 23) {
         readDayPart(line, clock);
+        return clock;
     }
+    if (!hasMinutes && (clock.moment.hour < 1 || clock.moment.hour > 12))
+        return std::nullopt;
+    applyHalf(clock.moment, half);
+    clock.end = halfEnd;
+    clock.need = DatePiece::Need::nothing;
+    clock.isHalf = clock.isMarked = true;
     return clock;
 }
 

@@ -84,6 +84,7 @@ private:
     bool contains(int index) const { return index >= 0 && index < size(); }
     void readWord(const Token& token, qsizetype index);
     void readEastern(const Token& token, QStringView written);
+    void appendEastern(qint32 start, qint32 end, qint16 meanings, bool afterSpace);
     qsizetype readEasternNumber(qint32 start, QStringView rest, bool afterSpace);
     void append(Lexeme lexeme);
     void appendEasternNumber(Lexeme lexeme);

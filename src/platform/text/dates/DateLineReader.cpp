@@ -140,17 +140,11 @@ void DateLine::appendWord(qint32 start, qint32 end, QStringView word, bool after
 void DateLine::readEastern(const Token& token, QStringView written) {
     qsizetype position = 0;
     qsizetype unknown = 0;
-    bool afterSpace = token.afterSpace;
-    const auto flush = [&](qsizetype end) {
-        if (end <= unknown)
-            return;
-        Lexeme rest;
-        rest.kind = Lexeme::Kind::word;
-        rest.eastern = true;
-        rest.start = token.start + qint32(unknown);
-        rest.end = token.start + qint32(end);
-        rest.afterSpace = std::exchange(afterSpace, false);
-        append(rest);
+    const auto isFirst = [&](qsizetype start) { return start == 0 && token.afterSpace; };
+    const auto appendPart = [&](qsizetype start, qsizetype end, qint16 meanings) {
+        if (end > start)
+            appendEastern(token.start + qint32(start), token.start + qint32(end), meanings,
+                          isFirst(start));
     };
     while (position < written.size()) {
         const QStringView rest = written.sliced(position);
@@ -163,25 +157,27 @@ void DateLine::readEastern(const Token& token, QStringView written) {
             ++position;
             continue;
         }
-        flush(position);
-        if (meanings == WordMeanings::none) {
-            length = readEasternNumber(token.start + qint32(position), rest, afterSpace);
-        } else {
-            Lexeme lexeme;
-            lexeme.kind = Lexeme::Kind::word;
-            lexeme.eastern = true;
-            lexeme.start = token.start + qint32(position);
-            lexeme.end = lexeme.start + qint32(length);
-            lexeme.afterSpace = afterSpace;
-            lexeme.meanings = meanings;
-            lexeme.roles = WordMeanings::roles(meanings);
-            append(lexeme);
-        }
-        afterSpace = false;
+        appendPart(unknown, position, WordMeanings::none);
+        if (meanings == WordMeanings::none)
+            length = readEasternNumber(token.start + qint32(position), rest, isFirst(position));
+        else
+            appendPart(position, position + length, meanings);
         position += length;
         unknown = position;
     }
-    flush(written.size());
+    appendPart(unknown, written.size(), WordMeanings::none);
+}
+
+void DateLine::appendEastern(qint32 start, qint32 end, qint16 meanings, bool afterSpace) {
+    Lexeme lexeme;
+    lexeme.kind = Lexeme::Kind::word;
+    lexeme.eastern = true;
+    lexeme.start = start;
+    lexeme.end = end;
+    lexeme.afterSpace = afterSpace;
+    lexeme.meanings = meanings;
+    lexeme.roles = WordMeanings::roles(meanings);
+    append(lexeme);
 }
 
 qsizetype DateLine::readEasternNumber(qint32 start, QStringView rest, bool afterSpace) {
