@@ -62,9 +62,9 @@ bool DateJoiner::isAllowed(const DatePiece& piece, const Whole& whole) const {
     case Kind::time:
         return !whole.hasTime;
     case Kind::date:
-        return !whole.hasDate && !whole.isRelative;
+        return !whole.hasDate;
     case Kind::weekday:
-        return !whole.hasWeekday && !whole.isRelative;
+        return !whole.hasWeekday;
     case Kind::relative:
         return !whole.hasDate && !whole.isRelative && !whole.hasWeekday;
     }
@@ -203,7 +203,7 @@ void DateJoiner::extendToRange(Whole& whole) const {
 }
 
 QString DateJoiner::valueOf(const Whole& whole) const {
-    if (whole.isRelative || (whole.hasWeekday && !whole.hasDate))
+    if ((whole.isRelative || whole.hasWeekday) && !whole.hasDate)
         return {};
     const auto isoOf = [&](const Moment& moment) {
         return whole.hasDate && !moment.hasDate() ? QString() : moment.toIso();

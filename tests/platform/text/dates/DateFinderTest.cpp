@@ -85,6 +85,7 @@ TEST(DateFinder, NamedDates) {
         QStringLiteral("⟦5 marca 2024 r.|2024-03-05⟧"),
         QStringLiteral("⟦5 maart 2024|2024-03-05⟧"),
         QStringLiteral("⟦5-Mar-2024|2024-03-05⟧, ⟦05MAR2024|2024-03-05⟧"),
+        QStringLiteral("due ⟦3/15|⟧, ⟦Fri 3/16|⟧"),
         QStringLiteral("in ⟦March 2024|2024-03⟧ or ⟦December '23|2023-12⟧"),
         QStringLiteral("⟦the 5th of March|⟧, on ⟦may 5|⟧"),
         QStringLiteral("⟦Tuesday, 5 March|⟧"),
@@ -104,6 +105,7 @@ TEST(DateFinder, NamedDates) {
 TEST(DateFinder, RelativeDates) {
     expectFound({
         QStringLiteral("⟦tomorrow morning|⟧, ⟦the day after tomorrow|⟧"),
+        QStringLiteral("⟦Tomorrow (Friday) at 10|⟧, ⟦today, 5 March 2024|2024-03-05⟧"),
         QStringLiteral("⟦next Friday|⟧ or ⟦last week|⟧, ⟦this month|⟧"),
         QStringLiteral("⟦in two weeks|⟧, ⟦3 days ago|⟧, ⟦an hour from now|⟧"),
         QStringLiteral("⟦end of the month|⟧ and ⟦next week Friday|⟧"),
@@ -130,6 +132,7 @@ TEST(DateFinder, Times) {
         QStringLiteral("⟦14:30:05 UTC|T14:30:05Z⟧, ⟦14:30 GMT+2|T14:30+02:00⟧, ⟦9 am PST|T09:00⟧"),
         QStringLiteral("⟦5 March 2024 at 14:30 CET|2024-03-05T14:30⟧"),
         QStringLiteral("⟦tomorrow at 5pm|⟧, ⟦10 Uhr am Freitag|⟧"),
+        QStringLiteral("⟦half past seven|T07:30⟧, ⟦halb acht|T07:30⟧, ⟦12 noon|T12:00⟧"),
         QStringLiteral("в ⟦10 утра|T10:00⟧, a las ⟦10 de la noche|T22:00⟧"),
         QStringLiteral("⟦10:30 on 5 March 2024|2024-03-05T10:30⟧"),
         QStringLiteral("⟦5 marzo 2024 ore 14.30|2024-03-05T14:30⟧"),
@@ -169,6 +172,7 @@ TEST(DateFinder, LeavesOtherNumbersAlone) {
         QStringLiteral(
             "/var/log/2024/03/05/app.log https://example.com/2024/03/05/post?d=2024-03-05"),
         QStringLiteral("report_2024-03-05.pdf, main.cpp:10:30: error, a[1:20]"),
+        QStringLiteral("gnupg>=1.4.18, cut by 1/2, it takes over 24 hours"),
         QStringLiteral("2 hours, 90 min, 3 weeks, 35 years old"),
         QStringLiteral("3時間かかる。5分間。10日間。"),
     });
