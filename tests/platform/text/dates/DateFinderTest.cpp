@@ -187,7 +187,7 @@ TEST(DateFinder, LeavesOrdinaryWordsAlone) {
         QStringLiteral("Hier ist das Haus, hier wohnen wir. Guten Morgen zusammen"),
         QStringLiteral("Der Mai ist gekommen. Am 3. Tag"),
         QStringLiteral("mars est une planète; le mois de mai"),
-        QStringLiteral("is this an issue in 3 steps"),
+        QStringLiteral("is this an error in 3 steps"),
         QStringLiteral("foo.today() today.js friday_job Black Friday"),
     });
 }
