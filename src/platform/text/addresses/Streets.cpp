@@ -1,0 +1,334 @@
+#include "platform/text/addresses/Streets.h"
+
+#include "platform/text/addresses/AddressWords.h"
+
+namespace quorvel {
+
+namespace words = addressWords;
+
+namespace {
+
+constexpr int contextWeight = 5;
+constexpr qsizetype longestName = 9;
+
+} // namespace
+
+AddressPart Streets::at(qsizetype number) const {
+    AddressPart best;
+    if (followsBadly(number))
+        return best;
+    const AddressPart readings[] = {numberNameSuffix(number), numberPrefixName(number),
+                                    prefixNameNumber(number), nameSuffixNumber(number),
+                                    numberedStreet(number),   bareNameNumber(number),
+                                    numberBareName(number)};
+    for (const AddressPart& reading : readings)
+        if (!reading.isEmpty() && (best.isEmpty() || reading.weight > best.weight))
+            best = reading;
+    return best;
+}
+
+/// "$5", "v12", "1.5", "#12": the number belongs to something else.
+bool Streets::followsBadly(qsizetype number) const {
+    if (m_reader.isMarkOf(number - 1, u"$€£¥@=+*\\_%<"))
+        return true;
+    return number > 0 && m_reader.isGlued(number) &&
+           !m_reader.isMarkOf(number - 1, u",;:(#№.°[\"'>、，");
+}
+
+/// "at", "in der", "en la" before it.
+bool Streets::isLedIn(qsizetype index) const {
+    const QStringView before = m_reader.word(index - 1);
+    const bool isArticle = words::isConnector(before) && before.size() <= 3;
+    return words::leadsIn(before) || (isArticle && words::leadsIn(m_reader.word(index - 2)));
+}
+
+/// Adds what stands around it: a street likes to begin and to end a part.
+AddressPart Streets::weighed(AddressPart street) const {
+    if (m_reader.beginsPart(street.first) || isLedIn(street.first))
+        street.weight += contextWeight;
+    if (m_reader.endsPart(street.end))
+        street.weight += contextWeight;
+    return street;
+}
+
+/// For streets that end with their number: nothing, when that counts the next word.
+AddressPart Streets::unlessCounting(AddressPart street) const {
+    const bool counts =
+        m_reader.continuesLine(street.end) &&
+        (words::isQuantity(m_reader.word(street.end)) || m_reader.isMarkOf(street.end, u"%€$£°=+"));
+    const bool isDate =
+        m_reader.isMark(street.end, u'.') && words::isQuantity(m_reader.word(street.end + 1));
+    return counts || isDate ? AddressPart{} : weighed(street);
+}
+
+/// Behind "5th" or "42nd"; `index` where there is none.
+qsizetype Streets::ordinalEnd(qsizetype index) const {
+    constexpr int mostDigits = 3;
+    if (m_reader.digits(index) == 0 || m_reader.digits(index) > mostDigits)
+        return index;
+    const QStringView end = m_reader.isGlued(index + 1) ? m_reader.word(index + 1) : QStringView();
+    return end == u"th" || end == u"st" || end == u"nd" || end == u"rd" ? index + 2 : index;
+}
+
+/// A small word that cannot begin the name of a street: "30 on Main Street".
+bool Streets::isLead(qsizetype index) const {
+    const QStringView word = m_reader.word(index);
+    return !m_reader.isCapital(index) && (words::leadsIn(word) || words::isConnector(word));
+}
+
+AddressPart Streets::numberNameSuffix(qsizetype number) const {
+    const qsizetype behind = m_reader.houseNumberEnd(number);
+    if (behind == number)
+        return {};
+    const bool hasComma = m_reader.isMark(behind, u',');
+    const qsizetype nameStart = behind + (hasComma ? 1 : 0);
+    AddressPart street;
+    bool isLower = false;
+    int lowerWords = 0;
+    int names = 0;
+    for (qsizetype i = nameStart; i < nameStart + longestName && m_reader.continuesLine(i); ++i) {
+        const qsizetype ordinal = ordinalEnd(i);
+        if (ordinal > i) {
+            ++names;
+            i = ordinal - 1;
+            continue;
+        }
+        const bool joins = m_reader.isHyphen(i) ||
+                           (m_reader.isMark(i, u'.') && m_reader.isGlued(i)) ||
+                           m_reader.isMark(i, u'&');
+        if (joins && i > nameStart)
+            continue;
+        if (!m_reader.isWord(i))
+            break;
+        const QStringView word = m_reader.word(i);
+        const bool isCapital = m_reader.isCapital(i);
+        const int weight = names > 0 ? words::suffixWeight(word) : 0;
+        const bool isMixed = lowerWords > 0 && lowerWords < names;
+        if (weight > 0 && weight >= street.weight && !isMixed) {
+            street = {number, i + 1, weight};
+            isLower = !isCapital || lowerWords > 0;
+        }
+        if (!isCapital && !words::isConnector(word) && weight == 0 && ++lowerWords > 2)
+            break;
+        names += isCapital || !words::isConnector(word) ? 1 : 0;
+    }
+    if (street.isEmpty() || isLead(nameStart))
+        return {};
+    while (m_reader.continuesLine(street.end) && words::isDirection(m_reader.word(street.end)) &&
+           (m_reader.isUpper(street.end) || m_reader.word(street.end).size() > 3))
+        ++street.end;
+
+    constexpr int unlikely = 10;
+    constexpr int veryUnlikely = 20;
+    street.weight -= isLower ? unlikely : 0;
+    street.weight -= hasComma ? unlikely : 0;
+    street.weight -= words::isCounted(m_reader.word(nameStart)) ? veryUnlikely : 0;
+    const int value = m_reader.tokens().at(number).value;
+    const bool isYear =
+        value >= 1800 && value < 2100 && words::leadsYear(m_reader.word(number - 1));
+    street.weight -= isYear ? veryUnlikely : 0;
+    street.weight -= m_reader.isMark(number - 1, u'#') ? unlikely : 0;
+    const bool goesOn = m_reader.isCapital(street.end) && m_reader.continuesLine(street.end) &&
+                        !words::isUnit(m_reader.word(street.end));
+    street.weight -= goesOn ? unlikely : 0;
+    const QStringView before =
+        m_reader.continuesLine(number) ? m_reader.word(number - 1) : QStringView();
+    street.weight -= words::isNumbered(before) && before != u"number" ? veryUnlikely : 0;
+    return weighed(street);
+}
+
+/// The weight of the prefix that this word is; 0 for none.
+int Streets::prefixAt(qsizetype index) const {
+    const QStringView word = m_reader.word(index);
+    const int weight = words::prefixWeight(word);
+    if (weight == 0 && words::takesGenitive(word)) {
+        const QStringView next = m_reader.word(index + 1);
+        return m_reader.isCapital(index) && (next == u"des" || next == u"der") ? 30 : 0;
+    }
+    if (words::needsDot(word) &&
+        !(m_reader.isMarkOf(index + 1, u"./") && m_reader.isGlued(index + 1)))
+        return 0;
+    return weight;
+}
+
+AddressPart Streets::numberPrefixName(qsizetype number) const {
+    const qsizetype behind = m_reader.houseNumberEnd(number);
+    const qsizetype prefix = behind + (m_reader.isMark(behind, u',') ? 1 : 0);
+    if (behind == number || !m_reader.continuesLine(prefix) ||
+        !words::takesNumberBefore(m_reader.word(prefix)))
+        return {};
+    const qsizetype nameStart = m_reader.afterDot(prefix + 1);
+    qsizetype end = nameStart;
+    bool isLower = false;
+    for (qsizetype i = nameStart; i < nameStart + longestName && m_reader.continuesLine(i); ++i) {
+        const bool joins =
+            m_reader.isHyphen(i) ||
+            (m_reader.isMark(i, u'.') && m_reader.isGlued(i) && m_reader.word(i - 1).size() < 4);
+        if (joins || (m_reader.digits(i) > 0 && m_reader.digits(i) < 3 && end == nameStart))
+            continue;
+        const bool isConnector = words::isConnector(m_reader.word(i)) && !m_reader.isUpper(i);
+        if (isConnector)
+            continue;
+        if (!m_reader.isCapital(i) && (!m_reader.isWord(i) || end > nameStart))
+            break;
+        isLower = isLower || !m_reader.isCapital(i);
+        end = i + 1;
+    }
+    if (end == nameStart)
+        return {};
+    constexpr int usual = 25;
+    const bool isSure = prefixAt(prefix) > usual;
+    const bool hasConnector = words::isConnector(m_reader.word(nameStart));
+    const int weight = isSure ? 30 : hasConnector ? usual : 20;
+    return weighed({number, end, weight - (isLower && !(isSure && hasConnector) ? 10 : 0)});
+}
+
+qsizetype Streets::nameBefore(qsizetype number) const {
+    qsizetype last = number - 1;
+    if (!m_reader.continuesLine(number))
+        return -1;
+    const bool hasSign = m_reader.isMarkOf(last, u"#№");
+    last -= hasSign ? 1 : 0;
+    const qsizetype sign = last;
+    while (m_reader.isMarkOf(last, u".°:") && sign - last < 2)
+        --last;
+    if (words::isNumberWord(m_reader.word(last)) && m_reader.continuesLine(last))
+        --last;
+    else
+        last = sign;
+    if (m_reader.isMark(last, u',') && m_reader.continuesLine(last + 1))
+        --last;
+    return m_reader.has(last) && m_reader.continuesLine(last + 1) ? last : -1;
+}
+
+AddressPart Streets::prefixNameNumber(qsizetype number) const {
+    const qsizetype end = m_reader.houseNumberEnd(number);
+    const qsizetype last = nameBefore(number);
+    if (end == number || last < 1)
+        return {};
+    int names = 0;
+    int lowerWords = 0;
+    for (qsizetype i = last; i >= 0 && i > last - longestName; --i) {
+        const int weight = names > 0 ? prefixAt(i) : 0;
+        if (weight > 0) {
+            const bool isSmall =
+                !m_reader.isCapital(i) && !isLedIn(i) && m_reader.word(i).at(0) < u'\u0400';
+            const int doubts = (isSmall ? 5 : 0) + lowerWords * 10 +
+                               (words::isDay(m_reader.word(i + 1)) ? 10 : 0) +
+                               (words::isNumbered(m_reader.word(last)) ? 10 : 0);
+            return unlessCounting({i, end, weight - doubts});
+        }
+        const bool joins = m_reader.isHyphen(i) || m_reader.isMarkOf(i, u"./'") ||
+                           (m_reader.digits(i) > 0 && m_reader.digits(i) < 3);
+        const bool isName = m_reader.isWord(i) && !m_reader.isHyphen(i - 1);
+        const bool isSmallName =
+            isName && !m_reader.isCapital(i) && !words::isConnector(m_reader.word(i));
+        lowerWords += isSmallName ? 1 : 0;
+        names += isName && !words::isConnector(m_reader.word(i)) ? 1 : 0;
+        if ((!joins && !m_reader.isWord(i)) || lowerWords > 1 || m_reader.startsLine(i))
+            break;
+    }
+    return {};
+}
+
+AddressPart Streets::nameSuffixNumber(qsizetype number) const {
+    const qsizetype end = m_reader.houseNumberEnd(number);
+    qsizetype last = nameBefore(number);
+    last -= m_reader.isMark(last, u'.') ? 1 : 0;
+    if (end == number || !m_reader.isWord(last))
+        return {};
+    const QStringView word = m_reader.word(last);
+    qsizetype first = m_reader.compoundStart(last);
+    const bool isCompound = first < last;
+    const bool isShortened =
+        isCompound && word.size() <= 2 && words::prefixWeight(m_reader.word(first)) > 0;
+    const int trailing = isShortened ? 30 : words::trailingWeight(word);
+    int weight = isCompound && !isShortened ? std::max(trailing, words::gluedWeight(word))
+                 : trailing > 0             ? trailing
+                                            : words::gluedWeight(word);
+    if (weight == 0)
+        return {};
+    const auto isName = [this](qsizetype at) {
+        return m_reader.isCapital(at) && m_reader.continuesLine(at + 1) &&
+               !words::isDay(m_reader.word(at));
+    };
+    const bool needsName = trailing > 0 && (!isCompound || isShortened);
+    if (needsName) {
+        const qsizetype nearest = first - 1;
+        const QStringView name = m_reader.word(nearest);
+        if (!isName(nearest) || name == u"die" || name == u"der" || name == u"das" ||
+            name == u"den")
+            return {};
+        for (int names = 0;
+             names < 3 && isName(first - 1) && !words::leadsIn(m_reader.word(first - 1)); ++names)
+            first = m_reader.compoundStart(first - 1);
+        if (first > nearest)
+            first = nearest;
+    } else if (isName(first - 1) && words::isStreetAdjective(m_reader.word(first - 1))) {
+        --first;
+    }
+    weight -= m_reader.isCapital(first) ? 0 : 10;
+    return unlessCounting({first, end, weight});
+}
+
+AddressPart Streets::numberedStreet(qsizetype number) const {
+    const qsizetype prefix = number - (m_reader.isMark(number - 1, u'.') ? 2 : 1);
+    if (prefixAt(prefix) == 0 || !m_reader.continuesLine(number))
+        return {};
+    qsizetype at = m_reader.houseNumberEnd(number);
+    if (at > number && (m_reader.word(at) == u"sur" || m_reader.word(at) == u"norte"))
+        ++at;
+    const bool isSign = m_reader.isMarkOf(at, u"#№");
+    if (!isSign && !words::isNumberWord(m_reader.word(at)))
+        return {};
+    at = m_reader.afterDot(at + 1);
+    const qsizetype end = m_reader.houseNumberEnd(at);
+    return end > at ? weighed({prefix, end, 30}) : AddressPart{};
+}
+
+AddressPart Streets::bareNameNumber(qsizetype number) const {
+    const qsizetype end = m_reader.houseNumberEnd(number);
+    const qsizetype last = nameBefore(number);
+    if (end == number || !m_reader.isCapital(last) || words::isNumbered(m_reader.word(last)) ||
+        words::isDay(m_reader.word(last)) || words::isUnit(m_reader.word(last)))
+        return {};
+    qsizetype first = last;
+    bool hasPreposition = false;
+    for (int count = 0; count < 5 && !hasPreposition; ++count) {
+        first = m_reader.compoundStart(first);
+        const QStringView before =
+            m_reader.continuesLine(first) ? m_reader.word(first - 1) : QStringView();
+        const bool isPreposition =
+            words::isPlacePreposition(before) && m_reader.isCapital(first - 1);
+        const bool belongs = m_reader.isCapital(first - 1) || words::isConnector(before);
+        if (before.isEmpty() || (!belongs && !isPreposition) ||
+            (words::leadsIn(before) && !isPreposition))
+            break;
+        hasPreposition = isPreposition;
+        --first;
+    }
+    const bool isLed = m_reader.beginsPart(first) || isLedIn(first);
+    if (!isLed && !hasPreposition)
+        return {};
+    AddressPart street = unlessCounting({first, end, hasPreposition ? 5 : 0});
+    street.weight -= isLed && !hasPreposition ? 2 * contextWeight : 0;
+    return street;
+}
+
+AddressPart Streets::numberBareName(qsizetype number) const {
+    const qsizetype behind = m_reader.houseNumberEnd(number);
+    if (behind == number || !m_reader.beginsPart(number) ||
+        words::isCounted(m_reader.word(behind)) || words::isQuantity(m_reader.word(behind)))
+        return {};
+    qsizetype end = behind;
+    for (int count = 0; count < 4 && m_reader.continuesLine(end); ++count) {
+        if (!m_reader.isCapital(end) && !words::isConnector(m_reader.word(end)))
+            break;
+        end = m_reader.compoundEnd(end);
+    }
+    if (end == behind || !m_reader.endsPart(end) || !m_reader.isCapital(end - 1))
+        return {};
+    return {number, end, -contextWeight};
+}
+
+} // namespace quorvel
