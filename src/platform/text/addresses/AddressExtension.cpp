@@ -27,7 +27,7 @@ bool AddressExtension::isWideGap(qsizetype index) const {
 
 /// What separates the token before from the next piece, and where that begins.
 AddressExtension::Gap AddressExtension::gapAt(qsizetype index) const {
-    constexpr QStringView marks = u",;.-–—|•·/、，（(";
+    constexpr QStringView marks = u",;.-–—|•·/、，،(";
     qsizetype at = index;
     while (at - index < 2 && m_reader.continuesLine(at) && m_reader.isMarkOf(at, marks))
         ++at;
@@ -51,6 +51,11 @@ AddressPart AddressExtension::forward(AddressPart address) const {
             piece = m_localities.unitAt(gap.end);
         if (piece.isEmpty() && town != address.end)
             piece = m_localities.lettersAt(gap.end);
+        if (m_reader.isMark(gap.end - 1, u'(') && !piece.isEmpty()) {
+            if (!m_reader.isMark(piece.end, u')') || m_reader.isNumber(gap.end))
+                break;
+            ++piece.end;
+        }
         if (!piece.isEmpty()) {
             address.end = at = piece.end;
             address.weight += piece.weight;
@@ -59,7 +64,7 @@ AddressPart AddressExtension::forward(AddressPart address) const {
             continue;
         }
         const AddressPart name = m_localities.nameAt(gap.end);
-        if (name.isEmpty() || ++names > mostNames)
+        if (name.isEmpty() || m_reader.isMark(gap.end - 1, u'(') || ++names > mostNames)
             break;
         at = name.end;
         // A town of which nothing more is known is taken when it is a part of its own.
@@ -96,7 +101,7 @@ AddressPart AddressExtension::backward(AddressPart address, qsizetype floor) con
     address.first -= isUnit ? 1 : 0;
     qsizetype at = address.first;
     for (int count = 0; count < mostPieces && at > floor && !isWideGap(at); ++count) {
-        const qsizetype end = m_reader.isMarkOf(at - 1, u",;，、") ? at - 1 : at;
+        const qsizetype end = m_reader.isMarkOf(at - 1, u",;，、،") ? at - 1 : at;
         const AddressPart piece = pieceBefore(end, floor);
         if (piece.isEmpty())
             break;

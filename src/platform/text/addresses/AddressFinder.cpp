@@ -32,14 +32,23 @@ QString inOneLine(QStringView text) {
     return result;
 }
 
+/// Whether the word is as long as "One" to "Eight" and begins like one of them.
+bool maySpellNumber(const AddressReader& reader, qsizetype index) {
+    const Token& token = reader.tokens().at(index);
+    return token.length >= 3 && token.length <= 5 &&
+           QStringView(u"OTFSEN").contains(reader.tokens().text().at(token.start));
+}
+
 /// The address around the number at this token; empty for none.
 AddressPart addressAt(const AddressReader& reader, qsizetype number, qsizetype floor) {
-    const AddressPart eastern = easternAddressAt(reader, number, floor);
+    const Streets streets(reader);
+    const bool isNumber = reader.isNumber(number);
+    const AddressPart eastern = !isNumber ? AddressPart{} : easternAddressAt(reader, number, floor);
     if (!eastern.isEmpty())
         return eastern;
-    AddressPart core = postBoxAt(reader, number);
-    if (core.isEmpty())
-        core = Streets(reader).at(number);
+    AddressPart core = isNumber ? postBoxAt(reader, number) : streets.atSpelled(number);
+    if (core.isEmpty() && isNumber)
+        core = streets.at(number);
     if (core.isEmpty() || core.first < floor)
         return {};
     const AddressExtension extension(reader);
@@ -53,7 +62,7 @@ void AddressFinder::find(const Tokens& tokens, QList<DataMatch>& found) const {
     const AddressReader reader(tokens);
     qsizetype floor = 0;
     for (qsizetype i = 0; i < tokens.size(); ++i) {
-        if (!tokens.isNumber(i))
+        if (!tokens.isNumber(i) && !maySpellNumber(reader, i))
             continue;
         const AddressPart address = addressAt(reader, i, floor);
         if (address.isEmpty())

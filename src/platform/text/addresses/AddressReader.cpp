@@ -107,11 +107,11 @@ qsizetype AddressReader::houseNumberEnd(qsizetype index) const {
 }
 
 bool AddressReader::endsPart(qsizetype index) const {
-    return !has(index) || startsLine(index) || isMarkOf(index, u",.;)(-–—|/•·、，。\"!?:]");
+    return !has(index) || startsLine(index) || isMarkOf(index, u",.;)(-–—|/•·、，。،\"!?:]");
 }
 
 bool AddressReader::beginsPart(qsizetype index) const {
-    return startsLine(index) || isMarkOf(index - 1, u",;:(-–—|•·\"[>、，");
+    return startsLine(index) || isMarkOf(index - 1, u",;:(-–—|•·\"[>、，،");
 }
 
 } // namespace quorvel

@@ -10,7 +10,7 @@ constexpr char16_t sureSuffixes[] =
     u"street st avenue ave av road rd boulevard blvd lane ln strt aven boul";
 constexpr char16_t goodSuffixes[] =
     u"drive dr drv crescent cres cresc terrace terr parkway pkwy highway hwy turnpike tpke "
-    u"expressway expy mews freeway causeway marg salai nagar esplanade";
+    u"expressway expy mews freeway causeway route rte fm marg salai nagar esplanade";
 constexpr char16_t fairSuffixes[] = u"court ct way place pl square sq close circle cir trail trl "
                                     u"grove alley aly plaza plz gardens gdns quay wharf parade pde";
 constexpr char16_t weakSuffixes[] =
@@ -98,7 +98,7 @@ constexpr char16_t adjectives[] =
 
 constexpr char16_t connectors[] =
     u"de la le les du des del dels della dello delle degli dei di da das do dos d l y e i et el "
-    u"los las of the and den der dem van von ten ter te sur sous aux au a al en im am an zur vom "
+    u"los las of the and den der dem van von ten ter te sur sous aux au al en im am an zur vom "
     u"saint st ste sainte san santa do lo is na nad pod upon und bei v o imeni имени им på s";
 
 constexpr char16_t numberWords[] = u"no nr n num numero д дом буд будинок house haus "
@@ -106,7 +106,8 @@ constexpr char16_t numberWords[] = u"no nr n num numero д дом буд буд�
 constexpr char16_t numberTails[] = u"bis ter quater bus";
 
 constexpr char16_t units[] =
-    u"apt apartment suite ste unit flat floor fl room rm bldg building bsmt dept lot level lvl "
+    u"plot door apt apartment suite ste unit flat floor fl room rm bldg building bsmt dept lot "
+    u"level lvl "
     u"shop office appt appartement etage esc escalier bat batiment porte piso planta puerta pta "
     u"escalera dpto depto departamento dto int interior oficina of local scala sc interno apto "
     u"apartamento sala bloco bloque edificio edif torre casa кв квартира корп корпус стр строение "
@@ -115,7 +116,7 @@ constexpr char16_t units[] =
     u"andar conj conjunto cj sobreloja manzana mz lote кабинет каб";
 constexpr char16_t unitsAfter[] = u"floor fl og stock etage piso этаж andar planta eg";
 constexpr char16_t sides[] =
-    u"izq izda izquierda dcha der derecha ctro centro esq dto links rechts";
+    u"izq izda izquierda dcha der derecha ctro centro esq dto links rechts tv th mf";
 constexpr char16_t directions[] = u"n s e w ne nw se sw north south east west northeast northwest "
                                   u"southeast southwest nth sth";
 
@@ -142,7 +143,8 @@ constexpr char16_t countedWords[] =
     u"january february march april may june july august september october november december jan "
     u"feb mar apr jun jul aug sep sept oct nov dec am pm percent degree degrees speed wheel core "
     u"times tips ways world super tier phase season round amp volt watt bit byte kg lb usd usb ssd "
-    u"hdd internal external hard flash disk test drive street court road avenue";
+    u"hdd mbps gbps ghz mhz hz kw eleven internal external hard flash disk test drive street court "
+    u"road avenue";
 constexpr char16_t days[] =
     u"montag dienstag mittwoch donnerstag freitag samstag sonntag monday tuesday wednesday "
     u"thursday "
@@ -172,6 +174,8 @@ constexpr char16_t numbered[] =
     u"serie type typ size grosse groesse score total summe price preis um ab bis von "
     u"articulo capitulo chapitre capitolo pagina glava глава том часть урок версия стр страница";
 
+constexpr char16_t spelledNumbers[] = u"one two three four five six seven eight nine ten";
+constexpr char16_t highways[] = u"highway hwy route rte road rd fm";
 constexpr char16_t contactWords[] =
     u"tel telefon telephone telefono telefone phone ph fax mobile mob mobil cell email e mail web "
     u"www "
@@ -284,6 +288,14 @@ bool leadsIn(QStringView word) {
 
 bool leadsYear(QStringView word) {
     return WordSet<yearLeads>::contains(word);
+}
+
+bool isSpelledNumber(QStringView word) {
+    return WordSet<spelledNumbers>::contains(word);
+}
+
+bool isHighway(QStringView word) {
+    return WordSet<highways>::contains(word);
 }
 
 bool isContact(QStringView word) {

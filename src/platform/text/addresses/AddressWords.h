@@ -75,6 +75,12 @@ bool leadsYear(QStringView word);
 /// "tisch", "version", "seite": a capitalised word whose number is no house number.
 bool isNumbered(QStringView word);
 
+/// "one" to "ten".
+bool isSpelledNumber(QStringView word);
+
+/// "highway", "route": has a number for its name.
+bool isHighway(QStringView word);
+
 /// "tel", "email": what follows is no longer the address.
 bool isContact(QStringView word);
 

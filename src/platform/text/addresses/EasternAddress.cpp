@@ -32,11 +32,11 @@ constexpr std::u16string_view joints[] = {
 };
 constexpr std::u16string_view buildings[] = {
     u"大厦", u"大廈",   u"广场",       u"中心",   u"楼", u"座", u"栋", u"小区", u"花园",
-    u"ビル", u"タワー", u"マンション", u"ハイツ", u"荘", u"館", u"层", u"层",   u"苑"};
+    u"ビル", u"タワー", u"マンション", u"ハイツ", u"荘", u"館", u"层", u"層",   u"苑"};
 
 constexpr int prefectureWeight = 20;
 constexpr int townWeight = 15;
-constexpr int streetWeight = 10;
+constexpr int streetWeight = 15;
 constexpr int blockWeight = 15;
 
 bool isEastern(QChar c) {
@@ -86,12 +86,16 @@ Area areaOf(QStringView text) {
             hasTown = true;
         }
     }
-    if (!hasTown && !hasPrefecture)
+    const QStringView name = text.mid(area.start);
+    if (name.size() < 2 || particles.contains(name.back()))
         return {};
-    const QChar last = text.back();
-    if (particles.contains(last))
+    const bool isStreet = streetEnds.contains(name.back());
+    // "国道5号" numbers the road itself.
+    const bool isRoad =
+        name.back() == u'道' && QStringView(u"国県府都市").contains(name[name.size() - 2]);
+    if ((!hasTown && !hasPrefecture && !isStreet) || isRoad)
         return {};
-    area.weight += streetEnds.contains(last) ? streetWeight : 0;
+    area.weight += isStreet ? streetWeight : 0;
     return area;
 }
 
@@ -127,7 +131,8 @@ AddressPart blockAt(const AddressReader& reader, qsizetype number) {
         const QStringView rest = word.sliced(qsizetype(joint.size()));
         const bool isBuilding = std::ranges::any_of(
             buildings, [rest](std::u16string_view end) { return rest.endsWith(QStringView(end)); });
-        if (rest.isEmpty() || isBuilding) {
+        const bool goesOn = rest.size() <= 2 && reader.isGlued(at + 1) && reader.isNumber(at + 1);
+        if (rest.isEmpty() || isBuilding || goesOn) {
             ++at;
             continue;
         }
@@ -148,6 +153,25 @@ qsizetype postcodeBefore(const AddressReader& reader, qsizetype first, qsizetype
             return reader.isMarkOf(at - 1, u"〒(（") && at > floor ? at - 1 : at;
     }
     return first;
+}
+
+/// Behind the building's name that stands alone after the block: "六本木ヒルズ森タワー 12階".
+AddressPart withBuilding(const AddressReader& reader, AddressPart block) {
+    const qsizetype name = block.end;
+    const bool isName = block.unusedTail == 0 && reader.isWord(name) &&
+                        reader.continuesLine(name) && !reader.isGlued(name) &&
+                        isEastern(reader.tokens().written(name).front());
+    if (!isName)
+        return block;
+    const QStringView written = reader.tokens().written(name);
+    const bool isSentence =
+        std::ranges::any_of(written, [](QChar c) { return breaks.contains(c); });
+    qsizetype end = name + 1;
+    if (reader.isNumber(end) && reader.isWord(end + 1) && reader.isGlued(end + 1))
+        end += 2;
+    if (!isSentence && reader.endsPart(end))
+        block.end = end;
+    return block;
 }
 
 bool endsWithOneOf(QStringView word, QStringView ends) {
@@ -199,7 +223,7 @@ AddressPart easternAddressAt(const AddressReader& reader, qsizetype number, qsiz
     const Area area = areaOf(tokens.text().mid(textStart, textEnd - textStart));
     if (area.weight == 0)
         return {};
-    AddressPart address = blockAt(reader, number);
+    AddressPart address = withBuilding(reader, blockAt(reader, number));
     address.weight += area.weight;
     if (address.isEmpty() || address.weight < addressWords::enoughEvidence ||
         address.weight < area.weight + blockWeight)

@@ -225,6 +225,8 @@ AddressPart Localities::unitAt(qsizetype index) const {
     qsizetype at = m_reader.afterDot(index + 1);
     const QStringView next = m_reader.word(at);
     const bool isOrdinal = m_reader.isGlued(at) && next.size() <= 3;
+    if (at > index + 1 && words::isSide(next) && m_reader.continuesLine(at))
+        return {index, at + 1, weight};
     at += isOrdinal && !words::isUnitAfter(next) ? 1 : 0;
     if (words::isUnitAfter(m_reader.word(at)) && m_reader.continuesLine(at))
         return {index, m_reader.afterDot(at + 1), weight};

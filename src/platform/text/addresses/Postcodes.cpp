@@ -47,8 +47,8 @@ constexpr Shape shapes[] = {
        {digits, 1, 1, Joint::blankOrGlued},
        {letters, 1, 1},
        {digits, 1, 1}}}},
-    // D02 X285, D04 C5Y6
-    {30, 4, {{{letters, 1, 1}, {digits, 2, 2}, {letters, 1, 1, Joint::blank}, {digits, 3, 3}}}},
+    // D02 X285, T12 XY45, D04 C5Y6
+    {30, 4, {{{letters, 1, 1}, {digits, 2, 2}, {letters, 1, 2, Joint::blank}, {digits, 2, 3}}}},
     {30,
      6,
      {{{letters, 1, 1},
@@ -135,7 +135,7 @@ AddressPart postcodeAt(const AddressReader& reader, qsizetype index) {
         const qsizetype end = endOf(reader, index, shape);
         if (end == index || !endsAlone(reader, end))
             continue;
-        constexpr int asYear = 8;
+        constexpr int asYear = 10;
         return {index, end, shape.count == 1 && isYear(reader, index) ? asYear : shape.weight};
     }
     return {};

@@ -9,22 +9,40 @@ namespace words = addressWords;
 namespace {
 
 constexpr int contextWeight = 5;
+constexpr int unlikely = 10;
+constexpr int veryUnlikely = 20;
 constexpr qsizetype longestName = 9;
 
 } // namespace
 
-AddressPart Streets::at(qsizetype number) const {
+AddressPart Streets::at(qsizetype index) const {
     AddressPart best;
-    if (followsBadly(number))
+    const qsizetype end = m_reader.houseNumberEnd(index);
+    if (end == index || followsBadly(index))
         return best;
-    const AddressPart readings[] = {numberNameSuffix(number), numberPrefixName(number),
-                                    prefixNameNumber(number), nameSuffixNumber(number),
-                                    numberedStreet(number),   bareNameNumber(number),
-                                    numberBareName(number)};
-    for (const AddressPart& reading : readings)
+    const auto keepBest = [&best](const AddressPart& reading) {
         if (!reading.isEmpty() && (best.isEmpty() || reading.weight > best.weight))
             best = reading;
+    };
+    const HouseNumber number{index, end, nameBefore(index)};
+    if (m_reader.continuesLine(end)) {
+        keepBest(numberNameSuffix(number));
+        keepBest(numberPrefixName(number));
+        keepBest(numberBareName(number));
+    }
+    if (number.nameLast >= 0) {
+        keepBest(prefixNameNumber(number));
+        keepBest(nameSuffixNumber(number));
+        keepBest(bareNameNumber(number));
+    }
+    keepBest(numberedStreet(number));
     return best;
+}
+
+AddressPart Streets::atSpelled(qsizetype index) const {
+    const bool isNumber = m_reader.isCapital(index) && words::isSpelledNumber(m_reader.word(index));
+    return isNumber && m_reader.beginsPart(index) ? numberNameSuffix({index, index + 1, -1})
+                                                  : AddressPart{};
 }
 
 /// "$5", "v12", "1.5", "#12": the number belongs to something else.
@@ -39,7 +57,8 @@ bool Streets::followsBadly(qsizetype number) const {
 bool Streets::isLedIn(qsizetype index) const {
     const QStringView before = m_reader.word(index - 1);
     const bool isArticle = words::isConnector(before) && before.size() <= 3;
-    return words::leadsIn(before) || (isArticle && words::leadsIn(m_reader.word(index - 2)));
+    return words::leadsIn(before) || words::isUnit(before) ||
+           (isArticle && words::leadsIn(m_reader.word(index - 2)));
 }
 
 /// Adds what stands around it: a street likes to begin and to end a part.
@@ -52,13 +71,17 @@ AddressPart Streets::weighed(AddressPart street) const {
 }
 
 /// For streets that end with their number: nothing, when that counts the next word.
-AddressPart Streets::unlessCounting(AddressPart street) const {
-    const bool counts =
-        m_reader.continuesLine(street.end) &&
-        (words::isQuantity(m_reader.word(street.end)) || m_reader.isMarkOf(street.end, u"%€$£°=+"));
-    const bool isDate =
-        m_reader.isMark(street.end, u'.') && words::isQuantity(m_reader.word(street.end + 1));
-    return counts || isDate ? AddressPart{} : weighed(street);
+AddressPart Streets::unlessCounting(AddressPart street, const HouseNumber& number) const {
+    const qsizetype end = street.end;
+    const bool counts = m_reader.continuesLine(end) && (words::isQuantity(m_reader.word(end)) ||
+                                                        m_reader.isMarkOf(end, u"%€$£°=+"));
+    const bool isDate = m_reader.isMark(end, u'.') && words::isQuantity(m_reader.word(end + 1));
+    if (counts || isDate)
+        return {};
+    const int value = m_reader.tokens().at(number.first).value;
+    const bool isYear = number.end == number.first + 1 && value >= 1900 && value < 2100;
+    street.weight -= isYear ? unlikely : 0;
+    return weighed(street);
 }
 
 /// Behind "5th" or "42nd"; `index` where there is none.
@@ -76,14 +99,9 @@ bool Streets::isLead(qsizetype index) const {
     return !m_reader.isCapital(index) && (words::leadsIn(word) || words::isConnector(word));
 }
 
-AddressPart Streets::numberNameSuffix(qsizetype number) const {
-    const qsizetype behind = m_reader.houseNumberEnd(number);
-    if (behind == number)
-        return {};
-    const bool hasComma = m_reader.isMark(behind, u',');
-    const qsizetype nameStart = behind + (hasComma ? 1 : 0);
+/// Reads the name up to the last word that ends a street.
+AddressPart Streets::suffixedName(qsizetype nameStart) const {
     AddressPart street;
-    bool isLower = false;
     int lowerWords = 0;
     int names = 0;
     for (qsizetype i = nameStart; i < nameStart + longestName && m_reader.continuesLine(i); ++i) {
@@ -93,47 +111,55 @@ AddressPart Streets::numberNameSuffix(qsizetype number) const {
             i = ordinal - 1;
             continue;
         }
-        const bool joins = m_reader.isHyphen(i) ||
-                           (m_reader.isMark(i, u'.') && m_reader.isGlued(i)) ||
-                           m_reader.isMark(i, u'&');
-        if (joins && i > nameStart)
+        const bool isDot = m_reader.isMark(i, u'.') && m_reader.isGlued(i);
+        if (i > nameStart && (isDot || m_reader.isHyphen(i) || m_reader.isMark(i, u'&')))
             continue;
         if (!m_reader.isWord(i))
             break;
         const QStringView word = m_reader.word(i);
         const bool isCapital = m_reader.isCapital(i);
-        const int weight = names > 0 ? words::suffixWeight(word) : 0;
+        const bool isHighway = words::isHighway(word) && m_reader.digits(i + 1) > 0 &&
+                               m_reader.digits(i + 1) < 5 && m_reader.continuesLine(i + 1);
+        const int weight = names > 0 || isHighway ? words::suffixWeight(word) : 0;
         const bool isMixed = lowerWords > 0 && lowerWords < names;
         if (weight > 0 && weight >= street.weight && !isMixed) {
-            street = {number, i + 1, weight};
-            isLower = !isCapital || lowerWords > 0;
+            const bool isLower = !isCapital || lowerWords > 0;
+            street = {nameStart, i + (isHighway ? 2 : 1), weight - (isLower ? unlikely : 0)};
         }
-        if (!isCapital && !words::isConnector(word) && weight == 0 && ++lowerWords > 2)
+        const bool isConnector = words::isConnector(word);
+        if (!isCapital && !isConnector && weight == 0 && ++lowerWords > 2)
             break;
-        names += isCapital || !words::isConnector(word) ? 1 : 0;
+        names += isCapital || !isConnector ? 1 : 0;
     }
-    if (street.isEmpty() || isLead(nameStart))
+    return street;
+}
+
+/// What speaks against a street after this number: counted things, years, a name that goes on.
+int Streets::doubtsOf(const HouseNumber& number, qsizetype nameStart, qsizetype end) const {
+    const int value = m_reader.tokens().at(number.first).value;
+    const QStringView before =
+        m_reader.continuesLine(number.first) ? m_reader.word(number.first - 1) : QStringView();
+    const bool isYear = value >= 1800 && value < 2100 && words::leadsYear(before);
+    const bool goesOn = m_reader.isCapital(end) && m_reader.continuesLine(end) &&
+                        !words::isUnit(m_reader.word(end));
+    return (words::isCounted(m_reader.word(nameStart)) ? veryUnlikely : 0) +
+           (isYear ? veryUnlikely : 0) + (goesOn ? unlikely : 0) +
+           (m_reader.isMark(number.first - 1, u'#') ? unlikely : 0) +
+           (m_reader.isWord(number.first) ? unlikely : 0) +
+           (words::isNumbered(before) && before != u"number" ? veryUnlikely : 0);
+}
+
+AddressPart Streets::numberNameSuffix(const HouseNumber& number) const {
+    const bool hasComma = m_reader.isMark(number.end, u',');
+    const qsizetype nameStart = number.end + (hasComma ? 1 : 0);
+    AddressPart street = isLead(nameStart) ? AddressPart{} : suffixedName(nameStart);
+    if (street.isEmpty())
         return {};
     while (m_reader.continuesLine(street.end) && words::isDirection(m_reader.word(street.end)) &&
            (m_reader.isUpper(street.end) || m_reader.word(street.end).size() > 3))
         ++street.end;
-
-    constexpr int unlikely = 10;
-    constexpr int veryUnlikely = 20;
-    street.weight -= isLower ? unlikely : 0;
-    street.weight -= hasComma ? unlikely : 0;
-    street.weight -= words::isCounted(m_reader.word(nameStart)) ? veryUnlikely : 0;
-    const int value = m_reader.tokens().at(number).value;
-    const bool isYear =
-        value >= 1800 && value < 2100 && words::leadsYear(m_reader.word(number - 1));
-    street.weight -= isYear ? veryUnlikely : 0;
-    street.weight -= m_reader.isMark(number - 1, u'#') ? unlikely : 0;
-    const bool goesOn = m_reader.isCapital(street.end) && m_reader.continuesLine(street.end) &&
-                        !words::isUnit(m_reader.word(street.end));
-    street.weight -= goesOn ? unlikely : 0;
-    const QStringView before =
-        m_reader.continuesLine(number) ? m_reader.word(number - 1) : QStringView();
-    street.weight -= words::isNumbered(before) && before != u"number" ? veryUnlikely : 0;
+    street.first = number.first;
+    street.weight -= doubtsOf(number, nameStart, street.end) + (hasComma ? unlikely : 0);
     return weighed(street);
 }
 
@@ -151,11 +177,9 @@ int Streets::prefixAt(qsizetype index) const {
     return weight;
 }
 
-AddressPart Streets::numberPrefixName(qsizetype number) const {
-    const qsizetype behind = m_reader.houseNumberEnd(number);
-    const qsizetype prefix = behind + (m_reader.isMark(behind, u',') ? 1 : 0);
-    if (behind == number || !m_reader.continuesLine(prefix) ||
-        !words::takesNumberBefore(m_reader.word(prefix)))
+AddressPart Streets::numberPrefixName(const HouseNumber& number) const {
+    const qsizetype prefix = number.end + (m_reader.isMark(number.end, u',') ? 1 : 0);
+    if (!m_reader.continuesLine(prefix) || !words::takesNumberBefore(m_reader.word(prefix)))
         return {};
     const qsizetype nameStart = m_reader.afterDot(prefix + 1);
     qsizetype end = nameStart;
@@ -180,7 +204,7 @@ AddressPart Streets::numberPrefixName(qsizetype number) const {
     const bool isSure = prefixAt(prefix) > usual;
     const bool hasConnector = words::isConnector(m_reader.word(nameStart));
     const int weight = isSure ? 30 : hasConnector ? usual : 20;
-    return weighed({number, end, weight - (isLower && !(isSure && hasConnector) ? 10 : 0)});
+    return weighed({number.first, end, weight - (isLower && !(isSure && hasConnector) ? 10 : 0)});
 }
 
 qsizetype Streets::nameBefore(qsizetype number) const {
@@ -201,22 +225,31 @@ qsizetype Streets::nameBefore(qsizetype number) const {
     return m_reader.has(last) && m_reader.continuesLine(last + 1) ? last : -1;
 }
 
-AddressPart Streets::prefixNameNumber(qsizetype number) const {
-    const qsizetype end = m_reader.houseNumberEnd(number);
-    const qsizetype last = nameBefore(number);
-    if (end == number || last < 1)
-        return {};
+/// The end of "V.le", "P.zza" or "C.so".
+bool Streets::isItalianShort(qsizetype index) const {
+    const QStringView end = m_reader.word(index);
+    const QStringView start = m_reader.word(index - 2);
+    const bool fits = (end == u"le" && (start == u"v" || start == u"p")) ||
+                      ((end == u"za" || end == u"zza") && start == u"p") ||
+                      (end == u"so" && start == u"c");
+    return fits && m_reader.isMark(index - 1, u'.') && m_reader.isGlued(index);
+}
+
+AddressPart Streets::prefixNameNumber(const HouseNumber& number) const {
+    const qsizetype last = number.nameLast;
     int names = 0;
     int lowerWords = 0;
     for (qsizetype i = last; i >= 0 && i > last - longestName; --i) {
         const int weight = names > 0 ? prefixAt(i) : 0;
+        if (names > 0 && isItalianShort(i))
+            return unlessCounting({i - 2, number.end, 25}, number);
         if (weight > 0) {
             const bool isSmall =
                 !m_reader.isCapital(i) && !isLedIn(i) && m_reader.word(i).at(0) < u'\u0400';
             const int doubts = (isSmall ? 5 : 0) + lowerWords * 10 +
                                (words::isDay(m_reader.word(i + 1)) ? 10 : 0) +
                                (words::isNumbered(m_reader.word(last)) ? 10 : 0);
-            return unlessCounting({i, end, weight - doubts});
+            return unlessCounting({i, number.end, weight - doubts}, number);
         }
         const bool joins = m_reader.isHyphen(i) || m_reader.isMarkOf(i, u"./'") ||
                            (m_reader.digits(i) > 0 && m_reader.digits(i) < 3);
@@ -231,11 +264,9 @@ AddressPart Streets::prefixNameNumber(qsizetype number) const {
     return {};
 }
 
-AddressPart Streets::nameSuffixNumber(qsizetype number) const {
-    const qsizetype end = m_reader.houseNumberEnd(number);
-    qsizetype last = nameBefore(number);
-    last -= m_reader.isMark(last, u'.') ? 1 : 0;
-    if (end == number || !m_reader.isWord(last))
+AddressPart Streets::nameSuffixNumber(const HouseNumber& number) const {
+    const qsizetype last = number.nameLast - (m_reader.isMark(number.nameLast, u'.') ? 1 : 0);
+    if (!m_reader.isWord(last))
         return {};
     const QStringView word = m_reader.word(last);
     qsizetype first = m_reader.compoundStart(last);
@@ -268,15 +299,15 @@ AddressPart Streets::nameSuffixNumber(qsizetype number) const {
         --first;
     }
     weight -= m_reader.isCapital(first) ? 0 : 10;
-    return unlessCounting({first, end, weight});
+    return unlessCounting({first, number.end, weight}, number);
 }
 
-AddressPart Streets::numberedStreet(qsizetype number) const {
-    const qsizetype prefix = number - (m_reader.isMark(number - 1, u'.') ? 2 : 1);
-    if (prefixAt(prefix) == 0 || !m_reader.continuesLine(number))
+AddressPart Streets::numberedStreet(const HouseNumber& number) const {
+    const qsizetype prefix = number.first - (m_reader.isMark(number.first - 1, u'.') ? 2 : 1);
+    if (prefixAt(prefix) == 0 || !m_reader.continuesLine(number.first))
         return {};
-    qsizetype at = m_reader.houseNumberEnd(number);
-    if (at > number && (m_reader.word(at) == u"sur" || m_reader.word(at) == u"norte"))
+    qsizetype at = number.end;
+    if (m_reader.word(at) == u"sur" || m_reader.word(at) == u"norte")
         ++at;
     const bool isSign = m_reader.isMarkOf(at, u"#№");
     if (!isSign && !words::isNumberWord(m_reader.word(at)))
@@ -286,10 +317,9 @@ AddressPart Streets::numberedStreet(qsizetype number) const {
     return end > at ? weighed({prefix, end, 30}) : AddressPart{};
 }
 
-AddressPart Streets::bareNameNumber(qsizetype number) const {
-    const qsizetype end = m_reader.houseNumberEnd(number);
-    const qsizetype last = nameBefore(number);
-    if (end == number || !m_reader.isCapital(last) || words::isNumbered(m_reader.word(last)) ||
+AddressPart Streets::bareNameNumber(const HouseNumber& number) const {
+    const qsizetype last = number.nameLast;
+    if (!m_reader.isCapital(last) || words::isNumbered(m_reader.word(last)) ||
         words::isDay(m_reader.word(last)) || words::isUnit(m_reader.word(last)))
         return {};
     qsizetype first = last;
@@ -310,15 +340,15 @@ AddressPart Streets::bareNameNumber(qsizetype number) const {
     const bool isLed = m_reader.beginsPart(first) || isLedIn(first);
     if (!isLed && !hasPreposition)
         return {};
-    AddressPart street = unlessCounting({first, end, hasPreposition ? 5 : 0});
+    AddressPart street = unlessCounting({first, number.end, hasPreposition ? 5 : 0}, number);
     street.weight -= isLed && !hasPreposition ? 2 * contextWeight : 0;
     return street;
 }
 
-AddressPart Streets::numberBareName(qsizetype number) const {
-    const qsizetype behind = m_reader.houseNumberEnd(number);
-    if (behind == number || !m_reader.beginsPart(number) ||
-        words::isCounted(m_reader.word(behind)) || words::isQuantity(m_reader.word(behind)))
+AddressPart Streets::numberBareName(const HouseNumber& number) const {
+    const qsizetype behind = number.end;
+    if (!m_reader.beginsPart(number.first) || words::isCounted(m_reader.word(behind)) ||
+        words::isQuantity(m_reader.word(behind)))
         return {};
     qsizetype end = behind;
     for (int count = 0; count < 4 && m_reader.continuesLine(end); ++count) {
@@ -328,7 +358,9 @@ AddressPart Streets::numberBareName(qsizetype number) const {
     }
     if (end == behind || !m_reader.endsPart(end) || !m_reader.isCapital(end - 1))
         return {};
-    return {number, end, -contextWeight};
+    // "1-2-3" is rather a Japanese block than anything else.
+    const bool isBlock = behind - number.first == 5 && m_reader.isHyphen(number.first + 3);
+    return {number.first, end, isBlock ? contextWeight : -contextWeight};
 }
 
 } // namespace quorvel

@@ -12,36 +12,49 @@ public:
         : m_reader(reader) {}
 
     /// The best of all ways to read it.
-    AddressPart at(qsizetype number) const;
+    AddressPart at(qsizetype index) const;
+
+    /// The same with the number in letters: "One Microsoft Way".
+    AddressPart atSpelled(qsizetype index) const;
 
 private:
+    /// [first, end) is the number; the name before it ends with the token `nameLast`, -1 for none.
+    struct HouseNumber {
+        qsizetype first;
+        qsizetype end;
+        qsizetype nameLast;
+    };
+
     /// "350 5th Ave"
-    AddressPart numberNameSuffix(qsizetype number) const;
+    AddressPart numberNameSuffix(const HouseNumber& number) const;
 
     /// "10 rue de Rivoli"
-    AddressPart numberPrefixName(qsizetype number) const;
+    AddressPart numberPrefixName(const HouseNumber& number) const;
 
     /// "Calle de Alcalá, 45", "ул. Ленина, д. 10"
-    AddressPart prefixNameNumber(qsizetype number) const;
+    AddressPart prefixNameNumber(const HouseNumber& number) const;
 
     /// "Hauptstraße 5", "Невский проспект, 28"
-    AddressPart nameSuffixNumber(qsizetype number) const;
+    AddressPart nameSuffixNumber(const HouseNumber& number) const;
 
     /// "Calle 72 # 10-34"
-    AddressPart numberedStreet(qsizetype number) const;
+    AddressPart numberedStreet(const HouseNumber& number) const;
 
     /// "Unter den Linden 77"; "Zeil 106"
-    AddressPart bareNameNumber(qsizetype number) const;
+    AddressPart bareNameNumber(const HouseNumber& number) const;
 
     /// "25 Piccadilly"
-    AddressPart numberBareName(qsizetype number) const;
+    AddressPart numberBareName(const HouseNumber& number) const;
 
     /// The last token of the name before a house number, behind "No.", "д." and a comma; -1 for
     /// none.
     qsizetype nameBefore(qsizetype number) const;
 
     AddressPart weighed(AddressPart street) const;
-    AddressPart unlessCounting(AddressPart street) const;
+    AddressPart unlessCounting(AddressPart street, const HouseNumber& number) const;
+    AddressPart suffixedName(qsizetype nameStart) const;
+    int doubtsOf(const HouseNumber& number, qsizetype nameStart, qsizetype end) const;
+    bool isItalianShort(qsizetype index) const;
     int prefixAt(qsizetype index) const;
     qsizetype ordinalEnd(qsizetype index) const;
     bool isLead(qsizetype index) const;
