@@ -42,6 +42,7 @@ AddressPart AddressExtension::forward(AddressPart address) const {
     qsizetype at = address.end;
     qsizetype town = at;
     int names = 0;
+    bool hasTown = false;
     for (int count = 0; count < mostPieces; ++count) {
         const Gap gap = gapAt(at);
         if (gap.separator == Separator::none)
@@ -49,7 +50,7 @@ AddressPart AddressExtension::forward(AddressPart address) const {
         AddressPart piece = m_localities.at(gap.end);
         if (piece.isEmpty())
             piece = m_localities.unitAt(gap.end);
-        if (piece.isEmpty() && town != address.end)
+        if (piece.isEmpty() && hasTown)
             piece = m_localities.lettersAt(gap.end);
         if (m_reader.isMark(gap.end - 1, u'(') && !piece.isEmpty()) {
             if (!m_reader.isMark(piece.end, u')') || m_reader.isNumber(gap.end))
@@ -61,6 +62,7 @@ AddressPart AddressExtension::forward(AddressPart address) const {
             address.weight += piece.weight;
             town = at;
             names = 0;
+            hasTown = true;
             continue;
         }
         const AddressPart name = m_localities.nameAt(gap.end);
@@ -70,6 +72,7 @@ AddressPart AddressExtension::forward(AddressPart address) const {
         // A town of which nothing more is known is taken when it is a part of its own.
         const bool isTown = names == 1 && gap.separator == Separator::mark &&
                             m_reader.isMark(gap.end - 1, u',') && m_reader.endsPart(name.end);
+        hasTown = hasTown || isTown;
         town = isTown ? name.end : town;
     }
     address.end = std::max(address.end, town);

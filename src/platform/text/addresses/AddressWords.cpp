@@ -10,9 +10,9 @@ constexpr char16_t sureSuffixes[] =
     u"street st avenue ave av road rd boulevard blvd lane ln strt aven boul";
 constexpr char16_t goodSuffixes[] =
     u"drive dr drv crescent cres cresc terrace terr parkway pkwy highway hwy turnpike tpke "
-    u"expressway expy mews freeway causeway route rte fm marg salai nagar esplanade";
-constexpr char16_t fairSuffixes[] = u"court ct way place pl square sq close circle cir trail trl "
-                                    u"grove alley aly plaza plz gardens gdns quay wharf parade pde";
+    u"expressway expy mews freeway causeway route rte fm court ct way place pl square sq close "
+    u"circle cir trail trl grove alley "
+    u"aly plaza plz gardens gdns quay wharf parade pde marg salai nagar esplanade";
 constexpr char16_t weakSuffixes[] =
     u"park hill row walk run pass loop path point pt gate garden view green bridge station center "
     u"centre yard rise vale mall crossing xing ridge hollow bend broadway cove creek island lake "
@@ -61,6 +61,9 @@ constexpr char16_t goodTrailing[] =
     u"platz weg ring gasse damm ufer ter ut utja prospektas gatve iela trg наб пер бул ш "
     u"пр просп ул пл plein vej vei gracht chaussee площа тракт mah mahallesi";
 
+/// English streets have their number before them; elsewhere the same words may have it behind.
+constexpr char16_t weakTrailing[] = u"street road avenue lane boulevard";
+
 constexpr char16_t surePrefixes[] =
     u"rue avenue boulevard bd blvd calle c avenida avda viale piazza piazzale rua alameda ул улица "
     u"вул вулиця проспект просп пер переулок бульвар шоссе набережная наб проезд провулок ulica ul "
@@ -103,10 +106,11 @@ constexpr char16_t connectors[] =
 
 constexpr char16_t numberWords[] = u"no nr n num numero д дом буд будинок house haus "
                                    u"hausnummer hsnr nro nº cp broj br владение вл";
-constexpr char16_t numberTails[] = u"bis ter quater bus";
+constexpr char16_t numberTails[] = u"bis ter quater";
 
 constexpr char16_t units[] =
-    u"plot door apt apartment suite ste unit flat floor fl room rm bldg building bsmt dept lot "
+    u"plot door bus bte boite apt apartment suite ste unit flat floor fl room rm bldg building "
+    u"bsmt dept lot "
     u"level lvl "
     u"shop office appt appartement etage esc escalier bat batiment porte piso planta puerta pta "
     u"escalera dpto depto departamento dto int interior oficina of local scala sc interno apto "
@@ -143,7 +147,8 @@ constexpr char16_t countedWords[] =
     u"january february march april may june july august september october november december jan "
     u"feb mar apr jun jul aug sep sept oct nov dec am pm percent degree degrees speed wheel core "
     u"times tips ways world super tier phase season round amp volt watt bit byte kg lb usd usb ssd "
-    u"hdd mbps gbps ghz mhz hz kw eleven internal external hard flash disk test drive street court "
+    u"hdd mbit gbit tbit mbps gbps ghz mhz hz kw eleven internal external hard flash disk test "
+    u"drive street court "
     u"road avenue";
 constexpr char16_t days[] =
     u"montag dienstag mittwoch donnerstag freitag samstag sonntag monday tuesday wednesday "
@@ -193,9 +198,8 @@ bool endsLike(QStringView word, const Ends& ends) {
 } // namespace
 
 int suffixWeight(QStringView word) {
-    return WordSet<sureSuffixes>::contains(word)   ? 30
+    return WordSet<sureSuffixes>::contains(word)   ? 28
            : WordSet<goodSuffixes>::contains(word) ? 25
-           : WordSet<fairSuffixes>::contains(word) ? 20
            : WordSet<weakSuffixes>::contains(word) ? 10
                                                    : 0;
 }
@@ -211,6 +215,8 @@ int gluedWeight(QStringView word) {
 }
 
 int trailingWeight(QStringView word) {
+    if (WordSet<weakTrailing>::contains(word))
+        return 10;
     return WordSet<sureTrailing>::contains(word)   ? 30
            : WordSet<goodTrailing>::contains(word) ? 20
                                                    : 0;

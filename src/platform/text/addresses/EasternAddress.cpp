@@ -89,7 +89,7 @@ Area areaOf(QStringView text) {
     const QStringView name = text.mid(area.start);
     if (name.size() < 2 || particles.contains(name.back()))
         return {};
-    const bool isStreet = streetEnds.contains(name.back());
+    const bool isStreet = name.size() > 2 && streetEnds.contains(name.back());
     // "国道5号" numbers the road itself.
     const bool isRoad =
         name.back() == u'道' && QStringView(u"国県府都市").contains(name[name.size() - 2]);

@@ -9,6 +9,7 @@ namespace words = addressWords;
 namespace {
 
 constexpr int contextWeight = 5;
+constexpr int doubtful = 8;
 constexpr int unlikely = 10;
 constexpr int veryUnlikely = 20;
 constexpr qsizetype longestName = 9;
@@ -18,13 +19,17 @@ constexpr qsizetype longestName = 9;
 AddressPart Streets::at(qsizetype index) const {
     AddressPart best;
     const qsizetype end = m_reader.houseNumberEnd(index);
-    if (end == index || followsBadly(index))
+    // "B-12"
+    const bool isLettered = m_reader.isHyphen(index - 1) && m_reader.word(index - 2).size() == 1 &&
+                            m_reader.beginsPart(index - 2);
+    const qsizetype first = index - (isLettered ? 2 : 0);
+    if (end == index || followsBadly(first))
         return best;
     const auto keepBest = [&best](const AddressPart& reading) {
         if (!reading.isEmpty() && (best.isEmpty() || reading.weight > best.weight))
             best = reading;
     };
-    const HouseNumber number{index, end, nameBefore(index)};
+    const HouseNumber number{first, end, nameBefore(first)};
     if (m_reader.continuesLine(end)) {
         keepBest(numberNameSuffix(number));
         keepBest(numberPrefixName(number));
@@ -124,7 +129,7 @@ AddressPart Streets::suffixedName(qsizetype nameStart) const {
         const bool isMixed = lowerWords > 0 && lowerWords < names;
         if (weight > 0 && weight >= street.weight && !isMixed) {
             const bool isLower = !isCapital || lowerWords > 0;
-            street = {nameStart, i + (isHighway ? 2 : 1), weight - (isLower ? unlikely : 0)};
+            street = {nameStart, i + (isHighway ? 2 : 1), weight - (isLower ? doubtful : 0)};
         }
         const bool isConnector = words::isConnector(word);
         if (!isCapital && !isConnector && weight == 0 && ++lowerWords > 2)
@@ -159,7 +164,7 @@ AddressPart Streets::numberNameSuffix(const HouseNumber& number) const {
            (m_reader.isUpper(street.end) || m_reader.word(street.end).size() > 3))
         ++street.end;
     street.first = number.first;
-    street.weight -= doubtsOf(number, nameStart, street.end) + (hasComma ? unlikely : 0);
+    street.weight -= doubtsOf(number, nameStart, street.end) + (hasComma ? doubtful : 0);
     return weighed(street);
 }
 
@@ -264,6 +269,29 @@ AddressPart Streets::prefixNameNumber(const HouseNumber& number) const {
     return {};
 }
 
+/// A word that can stand in the name of a street that ends with a word of its own.
+bool Streets::isName(qsizetype index) const {
+    const QStringView word = m_reader.word(index);
+    const bool isArticle = word == u"die" || word == u"der" || word == u"das" || word == u"den";
+    return m_reader.isCapital(index) && m_reader.continuesLine(index + 1) && !isArticle &&
+           !words::isDay(word);
+}
+
+/// The first token of the name before the word that ends the street; `index` for none.
+qsizetype Streets::nameStartBefore(qsizetype index) const {
+    constexpr int mostWords = 3;
+    qsizetype first = index;
+    for (int names = 0; names < mostWords && isName(first - 1); ++names) {
+        if (names > 0 && words::leadsIn(m_reader.word(first - 1)))
+            break;
+        first = m_reader.compoundStart(first - 1);
+    }
+    // "1-й Тверской пер."
+    const bool isCounted =
+        first < index && m_reader.isHyphen(first - 2) && m_reader.isNumber(first - 3);
+    return first - (isCounted ? 3 : 0);
+}
+
 AddressPart Streets::nameSuffixNumber(const HouseNumber& number) const {
     const qsizetype last = number.nameLast - (m_reader.isMark(number.nameLast, u'.') ? 1 : 0);
     if (!m_reader.isWord(last))
@@ -274,32 +302,21 @@ AddressPart Streets::nameSuffixNumber(const HouseNumber& number) const {
     const bool isShortened =
         isCompound && word.size() <= 2 && words::prefixWeight(m_reader.word(first)) > 0;
     const int trailing = isShortened ? 30 : words::trailingWeight(word);
-    int weight = isCompound && !isShortened ? std::max(trailing, words::gluedWeight(word))
-                 : trailing > 0             ? trailing
-                                            : words::gluedWeight(word);
-    if (weight == 0)
+    const int glued = isShortened || (trailing > 0 && !isCompound) ? 0 : words::gluedWeight(word);
+    if (trailing == 0 && glued == 0)
         return {};
-    const auto isName = [this](qsizetype at) {
-        return m_reader.isCapital(at) && m_reader.continuesLine(at + 1) &&
-               !words::isDay(m_reader.word(at));
-    };
     const bool needsName = trailing > 0 && (!isCompound || isShortened);
-    if (needsName) {
-        const qsizetype nearest = first - 1;
-        const QStringView name = m_reader.word(nearest);
-        if (!isName(nearest) || name == u"die" || name == u"der" || name == u"das" ||
-            name == u"den")
-            return {};
-        for (int names = 0;
-             names < 3 && isName(first - 1) && !words::leadsIn(m_reader.word(first - 1)); ++names)
-            first = m_reader.compoundStart(first - 1);
-        if (first > nearest)
-            first = nearest;
-    } else if (isName(first - 1) && words::isStreetAdjective(m_reader.word(first - 1))) {
+    const qsizetype nameStart = nameStartBefore(first);
+    if (needsName && nameStart == first)
+        return {};
+    if (needsName)
+        first = nameStart;
+    else if (isName(first - 1) && words::isStreetAdjective(m_reader.word(first - 1)))
         --first;
-    }
-    weight -= m_reader.isCapital(first) ? 0 : 10;
-    return unlessCounting({first, number.end, weight}, number);
+    const bool isSmall = !needsName && !m_reader.isCapital(first);
+    const bool isAnnounced = number.nameLast < number.first - 2;
+    const int weight = std::max(trailing, glued) + (isAnnounced ? contextWeight : 0);
+    return unlessCounting({first, number.end, weight - (isSmall ? unlikely : 0)}, number);
 }
 
 AddressPart Streets::numberedStreet(const HouseNumber& number) const {

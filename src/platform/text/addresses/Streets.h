@@ -54,6 +54,8 @@ private:
     AddressPart unlessCounting(AddressPart street, const HouseNumber& number) const;
     AddressPart suffixedName(qsizetype nameStart) const;
     int doubtsOf(const HouseNumber& number, qsizetype nameStart, qsizetype end) const;
+    bool isName(qsizetype index) const;
+    qsizetype nameStartBefore(qsizetype index) const;
     bool isItalianShort(qsizetype index) const;
     int prefixAt(qsizetype index) const;
     qsizetype ordinalEnd(qsizetype index) const;

@@ -13,8 +13,12 @@ template <const auto& text, char16_t separator = u' '>
 class WordSet {
 public:
     static bool contains(QStringView word) {
-        const std::u16string_view sought(word.utf16(), std::size_t(word.size()));
-        return std::binary_search(words.begin(), words.end(), sought, precedes);
+        const std::size_t size = std::size_t(word.size());
+        if (size > longest)
+            return false;
+        const auto* const first = words.data() + starts[size];
+        const auto* const last = words.data() + starts[size + 1];
+        return std::binary_search(first, last, std::u16string_view(word.utf16(), size));
     }
 
 private:
@@ -39,6 +43,18 @@ private:
     }
 
     static constexpr std::array<std::u16string_view, count> words = cut();
+    static constexpr std::size_t longest = words.back().size();
+
+    /// Where the words of each length begin: only those are searched.
+    static constexpr std::array<quint16, longest + 2> indexed() {
+        std::array<quint16, longest + 2> result{};
+        for (std::size_t size = 0; size < result.size(); ++size)
+            result[size] = quint16(std::ranges::count_if(
+                words, [size](std::u16string_view word) { return word.size() < size; }));
+        return result;
+    }
+
+    static constexpr std::array<quint16, longest + 2> starts = indexed();
 };
 
 } // namespace quorvel
