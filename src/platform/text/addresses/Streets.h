@@ -50,6 +50,15 @@ private:
     /// none.
     qsizetype nameBefore(qsizetype number) const;
 
+    // In tenths like all weights.
+    static constexpr int contextWeight = 5;
+    static constexpr int doubtful = 8;
+    static constexpr int unlikely = 10;
+    static constexpr int veryUnlikely = 20;
+
+    /// In tokens.
+    static constexpr qsizetype longestName = 9;
+
     AddressPart weighed(AddressPart street) const;
     AddressPart unlessCounting(AddressPart street, const HouseNumber& number) const;
     AddressPart suffixedName(qsizetype nameStart) const;
