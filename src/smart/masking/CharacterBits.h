@@ -129,4 +129,24 @@ private:
     std::array<quint64, 512> m_bits{};
 };
 
+/// The same for beginnings, where upper and lower case differ.
+class BeginningFilter {
+public:
+    constexpr void add(char16_t first, char16_t second, char16_t third) {
+        const unsigned key = keyOf(first, second, third);
+        m_bits[key >> 6] |= quint64(1) << (key & 63);
+    }
+    constexpr bool mayHold(QChar first, QChar second, QChar third) const {
+        const unsigned key = keyOf(first.unicode(), second.unicode(), third.unicode());
+        return (m_bits[key >> 6] >> (key & 63) & 1) != 0;
+    }
+
+private:
+    static constexpr unsigned keyOf(char16_t first, char16_t second, char16_t third) {
+        return (first & 63U) << 10 | (second & 63U) << 4 | (third & 15U);
+    }
+
+    std::array<quint64, 1024> m_bits{};
+};
+
 } // namespace quorvel

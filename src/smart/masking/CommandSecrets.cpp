@@ -76,6 +76,18 @@ constexpr Option options[] = {
     {u"psftp", u"-pw", Place::next},
 };
 
+constexpr BeginningFilter commandBeginnings = [] {
+    BeginningFilter filter;
+    for (const Option& option : options) {
+        const QStringView name = option.command;
+        if (name.size() > 2)
+            filter.add(name[0].unicode(), name[1].unicode(), name[2].unicode());
+        for (char16_t third = 0; name.size() == 2 && third < 16; ++third)
+            filter.add(name[0].unicode(), name[1].unicode(), third);
+    }
+    return filter;
+}();
+
 /// One argument without its quotes.
 struct Argument {
     qsizetype start = 0;
@@ -211,7 +223,9 @@ private:
 } // namespace
 
 bool isSecretCommand(QStringView word) {
-    if (word.size() > 12)
+    constexpr qsizetype longest = 12;
+    if (word.size() < 2 || word.size() > longest ||
+        !commandBeginnings.mayHold(word[0], word[1], word.size() > 2 ? word[2] : QChar(u' ')))
         return false;
     return std::ranges::any_of(options,
                                [word](const Option& option) { return option.command == word; });

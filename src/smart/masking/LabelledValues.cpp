@@ -90,6 +90,15 @@ std::optional<Gap> punctuationGap(QStringView text, qsizetype at) {
     return {};
 }
 
+/// "Password - x".
+std::optional<Gap> dashGap(QStringView text, qsizetype at) {
+    const QChar unit = unitAt(text, at);
+    const bool isDash = unit == u'-' || unit == QChar(0x2013) || unit == QChar(0x2014);
+    const bool isFree =
+        bitsOf(unitAt(text, at - 1)) == blankBit && bitsOf(unitAt(text, at + 1)) == blankBit;
+    return isDash && isFree ? std::optional(Gap{Separator::verb, false, at + 1}) : std::nullopt;
+}
+
 std::optional<Gap> verbGap(QStringView text, qsizetype at) {
     for (const QStringView verb : joinedVerbs)
         if (text.mid(at, verb.size()) == verb)
@@ -119,6 +128,8 @@ std::optional<Gap> gapAfter(QStringView text, const Label& label) {
         gap->isTight = at == marks && bitsOf(unitAt(text, gap->end)) != blankBit;
         return gap;
     }
+    if (const auto gap = dashGap(text, at))
+        return gap;
     if (const auto gap = verbGap(text, at))
         return gap;
     if (at == label.end)
@@ -181,6 +192,16 @@ qsizetype withoutClosingMarks(QStringView text, qsizetype start, qsizetype end) 
     return end;
 }
 
+/// Several words go on to the end of their line.
+qsizetype phraseEnd(QStringView text, qsizetype start) {
+    const qsizetype limit = qMin(text.size(), start + longestValue);
+    qsizetype end = start;
+    for (qsizetype at = start; at < limit && !hasBit(text[at], lineEndBit); ++at)
+        if (!hasBit(text[at], blankBit))
+            end = at + 1;
+    return end;
+}
+
 /// Prefixes of string literals: r"", b"", L"", @"".
 qsizetype afterLiteralPrefix(QStringView text, qsizetype at) {
     const QChar unit = unitAt(text, at);
@@ -224,7 +245,8 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         ++start;
     }
     value.start = start;
-    value.end = bareEnd(text, start, label, value.separator);
+    value.end = label.kind == LabelKind::phrase ? phraseEnd(text, start)
+                                                : bareEnd(text, start, label, value.separator);
     if (value.separator != Separator::tag)
         value.end = withoutClosingMarks(text, start, value.end);
     return value.end > value.start ? std::optional(value) : std::nullopt;

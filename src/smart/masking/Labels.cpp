@@ -25,8 +25,23 @@ constexpr TrigramFilter labelEnds = [] {
     // Final letters with an accent, as the text may have them.
     filter.add(u's', u'z', u'\u00F3');
     filter.add(u'h', u'\u1EA9', u'u');
-    filter.add(u'd', u'\u017E', u'i');
+    filter.add(u'e', u'\u00F1', u'a');
+    filter.add(u'n', u'\u0303', u'a');
+    filter.add(u's', u'\u00F5', u'n');
+    filter.add(u'\u00F5', u'n', u'a');
+    filter.add(u'o', u'l', u'\u0103');
+    filter.add(u'\u03BA', u'\u03CC', u'\u03C2');
+    // A short last word.
+    filter.add(u' ', u'b', u'y');
     return filter;
+}();
+
+/// By the low bits of the first unit.
+constexpr std::array<bool, 1024> plainBeginnings = [] {
+    std::array<bool, 1024> begins{};
+    for (const PlainLabel& label : plainLabels)
+        begins[label.letters[0].unicode() & 1023U] = true;
+    return begins;
 }();
 
 /// The letters before the end of a word, backwards and folded, with the places where a part of a
@@ -42,6 +57,10 @@ struct Backwards {
 char16_t foldedUnit(QChar unit) {
     if (unit.unicode() < 0x80)
         return hasBit(unit, upperBit) ? unit.unicode() | 0x20 : unit.unicode();
+    const char16_t lowered = QChar::toCaseFolded(unit.unicode());
+    // Cyrillic, but for the letter that is taken apart.
+    if (lowered >= 0x430 && lowered <= 0x44F && lowered != 0x439)
+        return lowered;
     QString folded;
     appendFolded(unit.unicode(), folded);
     return folded.isEmpty() ? u'\0' : folded[0].unicode();
@@ -109,10 +128,32 @@ bool isHarmless(const Backwards& read, const LabelForm& form) {
     });
 }
 
+/// The rows of the table by the low bits of their last letter.
+struct LabelIndex {
+    std::array<quint8, std::size(labelForms)> row{};
+    std::array<quint8, 33> begin{};
+};
+
+constexpr LabelIndex labelIndex = [] {
+    static_assert(std::size(labelForms) < 256);
+    LabelIndex index;
+    quint8 count = 0;
+    for (unsigned bucket = 0; bucket < 32; ++bucket) {
+        index.begin[bucket] = count;
+        for (size_t row = 0; row < std::size(labelForms); ++row)
+            if ((labelForms[row].letters.back().unicode() & 31U) == bucket)
+                index.row[count++] = quint8(row);
+    }
+    index.begin[32] = count;
+    return index;
+}();
+
 const LabelForm* longestForm(const Backwards& read) {
     const LabelForm* best = nullptr;
-    for (const LabelForm& form : labelForms) {
-        if (form.letters.back() != read.letter[0] || !isEndOf(read, form))
+    const unsigned bucket = read.letter[0] & 31U;
+    for (size_t at = labelIndex.begin[bucket]; at < labelIndex.begin[bucket + 1]; ++at) {
+        const LabelForm& form = labelForms[labelIndex.row[at]];
+        if (!isEndOf(read, form))
             continue;
         if (!best || form.letters.size() > best->letters.size())
             best = &form;
@@ -172,6 +213,8 @@ std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
 }
 
 std::optional<Label> labelStartingAt(QStringView text, qsizetype start) {
+    if (!plainBeginnings[text[start].unicode() & 1023U])
+        return {};
     const QStringView rest = text.mid(start, 16);
     for (const PlainLabel& form : plainLabels)
         if (rest.startsWith(form.letters))

@@ -127,7 +127,8 @@ std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsi
     if (isMarkedInside(run))
         return hiddenPart(start, end, 0);
     if (run.contains(u'.') || run.startsWith(u"AAAA") || run.startsWith(u'/') ||
-        run.startsWith(u"_Z") || run.startsWith(u'-'))
+        run.startsWith(u"_Z") || run.startsWith(u"pk_") || run.startsWith(u"phc_") ||
+        run.startsWith(u'-'))
         return {};
     const RunShape shape = shapeOf(run);
     if (!isMixedRandom(shape, marksIn(run)) && !isLowRandom(text, shape))
@@ -141,8 +142,9 @@ std::optional<SecretRange> lonePassword(QStringView text) {
     constexpr qsizetype least = 12;
     constexpr qsizetype most = 64;
     constexpr QStringView codeMarks[] = {
-        u"::",  u"->",  u"</",  u"/>", u"//", u"=>", u"&&", u"==", u"()", u"[]",  u"{}", u"\\",
-        u"A-Z", u"a-z", u"0-9", u"(?", u"${", u"{{", u"%d", u"%s", u");", u"=\"", u"&#", u"++",
+        u"::", u"->", u"</", u"/>",  u"//",  u"=>",  u"&&", u"==", u"()",
+        u"[]", u"{}", u"\\", u"A-Z", u"a-z", u"0-9", u"(?", u"${", u"{{",
+        u"%d", u"%s", u");", u"=\"", u"&#",  u"++",  u":$", u"!$",
     };
     if (text.size() > mostRandom)
         return {};

@@ -53,10 +53,14 @@ RunShape shapeOf(QStringView run) {
     return shape;
 }
 
-bool looksGenerated(const RunShape& shape) {
+bool isFilled(const RunShape& shape) {
     const int leastDistinct = shape.size < 20 ? 6 : 8;
     const bool hasKinds = shape.digits > 0 || (shape.lower > 1 && shape.upper > 1);
-    return shape.distinct >= leastDistinct && hasKinds && shape.changeRate() >= 12;
+    return shape.distinct >= leastDistinct && hasKinds;
+}
+
+bool looksGenerated(const RunShape& shape) {
+    return isFilled(shape) && shape.changeRate() >= 12;
 }
 
 } // namespace quorvel

@@ -28,8 +28,10 @@ struct RunShape {
 /// Looks at no more than the first few hundred characters.
 RunShape shapeOf(QStringView run);
 
-/// Whether a published token form is filled with something like a key rather than with "xxxx" or
-/// words.
+/// Whether it is more than a filler such as "xxxx" or a plain word.
+bool isFilled(const RunShape& shape);
+
+/// Whether it looks like made by a machine rather than put together of words.
 bool looksGenerated(const RunShape& shape);
 
 } // namespace quorvel

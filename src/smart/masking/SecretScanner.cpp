@@ -83,7 +83,9 @@ void SecretScanner::readWord(qsizetype start, qsizetype end) {
     const QChar first = m_text[start];
     if (hasBit(first, digitBit) && end - start >= leastCardLength)
         readDigits(start, end);
-    if (mayBeginServiceToken(m_text, start) || first == u'e')
+    if (mayBeginServiceToken(m_text, start))
+        readToken(start);
+    else if (first == u'e' && unitAt(m_text, start + 1) == u'y')
         readToken(start);
     if (m_next > end)
         return;
@@ -115,7 +117,7 @@ void SecretScanner::readDigits(qsizetype start, qsizetype end) {
 
 void SecretScanner::readToken(qsizetype start) {
     auto token = serviceTokenAt(m_text, start);
-    if (!token)
+    if (!token && m_text[start] == u'e')
         token = jsonWebTokenAt(m_text, start);
     if (!token)
         return;
@@ -157,10 +159,10 @@ void SecretScanner::readLabel(qsizetype end) {
 }
 
 void SecretScanner::readPlainLabels(qsizetype start, qsizetype end) {
-    for (qsizetype at = start; at < end; ++at)
+    for (qsizetype at = start; at < end && m_next <= end; ++at)
         if (m_text[at].unicode() >= firstPlainLabel)
             if (const auto label = labelStartingAt(m_text, at))
-                return readValue(*label);
+                readValue(*label);
 }
 
 void SecretScanner::readValue(const Label& label) {

@@ -4,21 +4,45 @@
 #include "smart/masking/RunShape.h"
 #include "smart/masking/TokenTable.h"
 
+#include <array>
+
 namespace quorvel {
 
 namespace {
 
-constexpr TrigramFilter tokenBeginnings = [] {
-    TrigramFilter filter;
+constexpr BeginningFilter tokenBeginnings = [] {
+    BeginningFilter filter;
     for (const TokenForm& form : tokenForms) {
         const char16_t first = form.prefix[0].unicode();
         const char16_t second = form.prefix[1].unicode();
         if (form.prefix.size() > 2)
             filter.add(first, second, form.prefix[2].unicode());
-        for (char16_t third = 0; form.prefix.size() == 2 && third < 32; ++third)
+        for (char16_t third = 0; form.prefix.size() == 2 && third < 16; ++third)
             filter.add(first, second, third);
     }
     return filter;
+}();
+
+constexpr size_t letterCount = 128;
+
+/// The rows of the table by their first letter, in the order of the table.
+struct TokenIndex {
+    std::array<quint8, std::size(tokenForms)> row{};
+    std::array<quint8, letterCount + 1> begin{};
+};
+
+constexpr TokenIndex tokenIndex = [] {
+    static_assert(std::size(tokenForms) < 256);
+    TokenIndex index;
+    quint8 count = 0;
+    for (size_t letter = 0; letter < letterCount; ++letter) {
+        index.begin[letter] = count;
+        for (size_t row = 0; row < std::size(tokenForms); ++row)
+            if (tokenForms[row].prefix[0].unicode() == letter)
+                index.row[count++] = quint8(row);
+    }
+    index.begin[letterCount] = count;
+    return index;
 }();
 
 bool isIn(TokenAlphabet alphabet, QChar unit) {
@@ -52,18 +76,18 @@ qsizetype endOfBody(QStringView text, qsizetype start, const TokenForm& form) {
 
 bool isTrusted(QStringView body, const TokenForm& form) {
     const RunShape shape = shapeOf(body);
+    if (form.trust == TokenTrust::firm)
+        return isFilled(shape);
     if (!looksGenerated(shape))
         return false;
-    if (form.trust == TokenTrust::firm)
-        return true;
     // Names and words with a digit at the end share the beginnings of loose forms.
     const bool isMixed = shape.lower > 1 && shape.upper > 1;
     return shape.digits >= 2 && (isMixed || shape.digits * 5 >= shape.size) &&
-           shape.longestLower <= 6;
+           shape.longestLower <= (isMixed ? 6 : 12);
 }
 
 std::optional<SecretRange> matched(QStringView text, qsizetype start, const TokenForm& form) {
-    if (!text.mid(start).startsWith(form.prefix))
+    if (text.mid(start, form.prefix.size()) != form.prefix)
         return {};
     const qsizetype body = start + form.prefix.size();
     const qsizetype end = endOfBody(text, body, form);
@@ -92,8 +116,12 @@ bool mayBeginServiceToken(QStringView text, qsizetype start) {
 }
 
 std::optional<SecretRange> serviceTokenAt(QStringView text, qsizetype start) {
-    for (const TokenForm& form : tokenForms) {
-        if (text[start] != form.prefix[0] || text[start + 1] != form.prefix[1])
+    const size_t letter = text[start].unicode();
+    if (letter >= letterCount)
+        return {};
+    for (size_t at = tokenIndex.begin[letter]; at < tokenIndex.begin[letter + 1]; ++at) {
+        const TokenForm& form = tokenForms[tokenIndex.row[at]];
+        if (unitAt(text, start + 1) != form.prefix[1])
             continue;
         if (const auto range = matched(text, start, form))
             return range;

@@ -24,7 +24,8 @@ bool isOnlyOf(QStringView text, int bits, QStringView marks = {}) {
 bool isReference(QStringView value) {
     const QChar first = value.front();
     if (first == u'$')
-        return isOnlyOf(value.mid(1), wordBit, u"{}:.->$") && isLetter(unitAt(value, 1));
+        return isOnlyOf(value.mid(1), wordBit, u"{}:.->$[]()'\"") &&
+               !hasBit(unitAt(value, 1), digitBit);
     if (first == u'%')
         return value.size() < 4 || (value.endsWith(u'%') && value.size() > 2);
     if (first == u':' || first == u'@' || first == u'&' || first == u'*' || first == u'?')
@@ -140,9 +141,9 @@ bool isSentence(const Candidate& candidate) {
     if ((last == u'.' || last == u':' || last == u'\u2026') && !candidate.hasDigit())
         return true;
     int words = 0;
-    const auto isOrdinary = [&words](QStringView word) {
+    const auto isOrdinary = [&](QStringView word) {
         ++words;
-        return isOneOf(sentenceWords, word) || (holdsLabel(word) && isOnlyOf(word, wordBit));
+        return isOneOf(sentenceWords, word) || (!candidate.hasDigit() && holdsLabel(word));
     };
     for (const QStringView word : QStringView(candidate.folded).tokenize(u' '))
         if (isOrdinary(word))

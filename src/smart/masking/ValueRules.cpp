@@ -91,7 +91,8 @@ bool isPassword(const Candidate& candidate) {
     const bool isOption = candidate.label.style == LabelStyle::option;
     if (!candidate.isAssigned() && !isOption)
         return isStriking(candidate) && standsApart(candidate) &&
-               (separator != Separator::blank || candidate.label.style == LabelStyle::word);
+               (separator != Separator::blank || candidate.value.isQuoted ||
+                candidate.label.style == LabelStyle::word);
     const bool isWord = shape.digits == 0 && shape.symbols == 0;
     if (isWord)
         return !readsOn(candidate) && isWordAsPassword(candidate);
@@ -155,6 +156,25 @@ bool isPhrase(const Candidate& candidate) {
     return hasWords ? !isSentence(candidate) : isPassword(candidate);
 }
 
+/// Without punctuation before them, words of letters are dismissed before all else.
+bool isWorthReading(QStringView text, const Label& label, const LabelledValue& value) {
+    if (value.separator != Separator::blank && value.separator != Separator::verb)
+        return true;
+    return value.isQuoted || label.style == LabelStyle::option ||
+           !std::ranges::all_of(value.in(text), isLetter);
+}
+
+/// Test programs report "PASS: name" and "pass: 12/15".
+bool isTestResult(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    const bool isShort = candidate.text.mid(label.start, label.end - label.start)
+                             .compare(u"pass", Qt::CaseInsensitive) == 0;
+    const bool isLoud = candidate.text[label.end - 1].isUpper();
+    const bool isCount = candidate.shape.letters() == 0 && candidate.shape.symbols > 0;
+    return isShort && candidate.value.separator != Separator::equals && !candidate.value.isQuoted &&
+           (isLoud || isCount);
+}
+
 bool isOfKind(const Candidate& candidate) {
     switch (candidate.label.kind) {
     case LabelKind::password:
@@ -177,8 +197,11 @@ bool isOfKind(const Candidate& candidate) {
 bool isSecretValue(QStringView text, const Label& label, const LabelledValue& value) {
     if (value.end <= value.start)
         return false;
+    if (!isWorthReading(text, label, value))
+        return false;
     const Candidate candidate = candidateFor(text, label, value);
-    if (isFiller(candidate) || isOrdinaryValue(candidate) || isLocation(candidate))
+    if (isFiller(candidate) || isOrdinaryValue(candidate) || isLocation(candidate) ||
+        isTestResult(candidate))
         return false;
     const bool isCode = !value.isQuoted && isExpression(candidate);
     return !isCode &&
