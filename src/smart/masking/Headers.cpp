@@ -40,7 +40,8 @@ qsizetype endOfCredentials(QStringView text, qsizetype at) {
 bool isCredential(QStringView value, bool hasScheme) {
     const RunShape shape = shapeOf(value);
     if (value.startsWith(u'$') || value.startsWith(u'{') || value.contains(u"...") ||
-        value.contains(u'(') || value.contains(u"xxxx", Qt::CaseInsensitive))
+        value.contains(u"://") || value.contains(u'(') ||
+        value.contains(u"xxxx", Qt::CaseInsensitive))
         return false;
     const bool isMixed = shape.digits > 0 || value.endsWith(u'=') ||
                          (shape.lower > 2 && shape.upper > 2 && shape.changeRate() >= 20);

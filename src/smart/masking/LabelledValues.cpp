@@ -154,8 +154,8 @@ bool endsValue(QStringView text, qsizetype at, const Label& label, Separator sep
     case u'<':
         return separator == Separator::tag || next == u'/' || isAsciiLetter(next);
     case u'&':
-        return label.style == LabelStyle::parameter || text.mid(at, 40).contains(u'=') ||
-               text.mid(at, 5) == u"&amp;";
+        return label.style == LabelStyle::parameter || text.mid(at, 5) == u"&amp;" ||
+               unitAt(text, endOfBits(text.left(at + 40), at + 1, wordBit)) == u'=';
     case u'#':
         return label.style == LabelStyle::parameter;
     case u'|':
@@ -245,11 +245,16 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         ++start;
     }
     value.start = start;
-    value.end = label.kind == LabelKind::phrase ? phraseEnd(text, start)
-                                                : bareEnd(text, start, label, value.separator);
+    const bool isOpen = value.separator == Separator::colon ||
+                        value.separator == Separator::equals ||
+                        value.separator == Separator::lineEnd;
+    value.end = label.kind == LabelKind::phrase && isOpen
+                    ? phraseEnd(text, start)
+                    : bareEnd(text, start, label, value.separator);
     if (value.separator != Separator::tag)
         value.end = withoutClosingMarks(text, start, value.end);
-    return value.end > value.start ? std::optional(value) : std::nullopt;
+    const bool isUnclosed = value.separator == Separator::tag && text.mid(value.end, 2) != u"</";
+    return value.end > value.start && !isUnclosed ? std::optional(value) : std::nullopt;
 }
 
 } // namespace quorvel

@@ -68,11 +68,13 @@ int marksIn(QStringView run) {
 }
 
 bool isMixedRandom(const RunShape& shape, int marks) {
-    const int lettersAndDigits = shape.lower + shape.upper + shape.digits;
-    return shape.lower >= 3 && shape.upper >= 3 && shape.digits >= (shape.size < 30 ? 1 : 2) &&
-           shape.others == 0 && shape.changeRate() >= 38 &&
-           shape.longestLower <= 6 + shape.size / 64 && shape.distinct >= 14 &&
-           marks <= 2 + shape.size / 12 && lettersAndDigits > marks * 6;
+    constexpr int leastRandomness = -6;
+    constexpr int leastWithoutDigits = 12;
+    const bool isBase64 = marks <= 3 + shape.size / 6;
+    const bool isRandom = shape.digits > 0 ? shape.randomness() >= leastRandomness
+                                           : shape.randomness() >= leastWithoutDigits;
+    return shape.lower >= 2 && shape.upperRuns >= 3 && shape.others == 0 && isRandom &&
+           shape.distinct >= 12 && isBase64;
 }
 
 /// Keys of lower-case letters and digits look like many ids; only alone are they taken for keys.
@@ -115,6 +117,19 @@ bool isMarkedInside(QStringView run) {
     return isDataCentre || isCloud || isDirectory || isThreePartToken(run);
 }
 
+bool isOneWord(QStringView run) {
+    return std::ranges::none_of(run, [](QChar unit) { return hasBit(unit, blankBit); });
+}
+
+bool looksLikeCode(QStringView run) {
+    constexpr QStringView codeMarks[] = {
+        u"::",  u"->",  u"</", u"/>", u"://", u"=>", u"()",  u"[]", u"{}", u"\\", u"A-Z",
+        u"a-z", u"0-9", u"(?", u"${", u"{{",  u");", u"=\"", u"&#", u":$", u"!$",
+    };
+    return run.front() == u'<' || run.startsWith(u"./") || run.startsWith(u"~/") ||
+           std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
+}
+
 } // namespace
 
 std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsizetype end) {
@@ -126,9 +141,8 @@ std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsi
         return {};
     if (isMarkedInside(run))
         return hiddenPart(start, end, 0);
-    if (run.contains(u'.') || run.startsWith(u"AAAA") || run.startsWith(u'/') ||
-        run.startsWith(u"_Z") || run.startsWith(u"pk_") || run.startsWith(u"phc_") ||
-        run.startsWith(u'-'))
+    if (run.contains(u'.') || run.startsWith(u"AAAA") || run.startsWith(u"_Z") ||
+        run.startsWith(u"pk_") || run.startsWith(u"phc_") || run.startsWith(u'-'))
         return {};
     const RunShape shape = shapeOf(run);
     if (!isMixedRandom(shape, marksIn(run)) && !isLowRandom(text, shape))
@@ -141,26 +155,18 @@ std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsi
 std::optional<SecretRange> lonePassword(QStringView text) {
     constexpr qsizetype least = 12;
     constexpr qsizetype most = 64;
-    constexpr QStringView codeMarks[] = {
-        u"::", u"->", u"</", u"/>",  u"//",  u"=>",  u"&&", u"==", u"()",
-        u"[]", u"{}", u"\\", u"A-Z", u"a-z", u"0-9", u"(?", u"${", u"{{",
-        u"%d", u"%s", u");", u"=\"", u"&#",  u"++",  u":$", u"!$",
-    };
     if (text.size() > mostRandom)
         return {};
     const QStringView run = text.trimmed();
-    if (run.size() < least || run.size() > most)
+    if (run.size() < least || run.size() > most || !isOneWord(run))
         return {};
     const RunShape shape = shapeOf(run);
     const bool hasAll = shape.lower > 0 && shape.upper > 0 && shape.digits > 0 && shape.symbols > 0;
     const bool hasStrange = std::ranges::any_of(
         run, [](QChar unit) { return QStringView(u"!@#$%^&*?~+=;|<>{}[]()").contains(unit); });
-    if (!hasAll || !hasStrange || shape.others > 0 || shape.changeRate() < 45 ||
-        shape.longestLower > 5)
-        return {};
-    const bool isCode =
-        std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
-    if (isCode || run.front() == u'/' || run.front() == u'<' || run.front() == u'=')
+    const int variety = (shape.changes + shape.symbols) * 100 / shape.size;
+    if (!hasAll || !hasStrange || shape.others > 0 || shape.longestLower > 8 ||
+        variety < shape.frequentRate() || variety < 25 || looksLikeCode(run))
         return {};
     return SecretRange{run.begin() - text.begin(), run.size()};
 }

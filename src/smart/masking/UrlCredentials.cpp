@@ -17,8 +17,9 @@ bool endsAuthority(QChar unit) {
 
 bool isTemplate(QStringView password) {
     return password.startsWith(u'$') || password.startsWith(u'{') || password.startsWith(u'<') ||
-           password.startsWith(u'[') || password.startsWith(u'%') || password.contains(u"***") ||
-           password.contains(u'{') || password.startsWith(u"xxx", Qt::CaseInsensitive) ||
+           password.contains(u'[') || password.contains(u']') || password.startsWith(u'%') ||
+           password.contains(u"***") || password.contains(u'{') ||
+           password.startsWith(u"xxx", Qt::CaseInsensitive) ||
            password.startsWith(u"your", Qt::CaseInsensitive) || password.contains(u'\u2022') ||
            password.contains(u"...") || password.contains(u'(');
 }
@@ -47,7 +48,8 @@ std::optional<SecretRange> urlPasswordAt(QStringView text, qsizetype start) {
         else if (text[at] == u':' && colon < 0)
             colon = at;
     }
-    if (sign < 0 || sign + 1 >= text.size() || endsAuthority(text[sign + 1]))
+    if (unitAt(text, start) == u'[' || sign < 0 || sign + 1 >= text.size() ||
+        endsAuthority(text[sign + 1]))
         return {};
     if (colon < 0 || colon > sign)
         return loneToken(text, start, sign);

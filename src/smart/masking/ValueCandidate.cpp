@@ -23,6 +23,10 @@ bool isOnlyOf(QStringView text, int bits, QStringView marks = {}) {
 /// $NAME, %NAME%, :name, @name, {name}.
 bool isReference(QStringView value) {
     const QChar first = value.front();
+    const RunShape shape = shapeOf(value);
+    const bool isGenerated = shape.digits > 1 && shape.lower > 1 && shape.upper > 1;
+    if (first == u'$' && isGenerated && shape.symbols == 1)
+        return false;
     if (first == u'$')
         return isOnlyOf(value.mid(1), wordBit, u"{}:.->$[]()'\"") &&
                !hasBit(unitAt(value, 1), digitBit);
@@ -78,8 +82,8 @@ bool isFiller(const Candidate& candidate) {
         return true;
     const bool isTemplate =
         folded.contains(u"${") || folded.contains(u"{{") || folded.contains(u"$(") ||
-        folded.contains(u"<%") || folded.contains(u"%s") || folded.contains(u"xxxx") ||
-        folded.contains(u"****") || folded.contains(u"\u2022\u2022") || folded.endsWith(u"_here") ||
+        folded.contains(u"<%") || folded.contains(u"xxxx") || folded.contains(u"****") ||
+        folded.contains(u"\u2022\u2022") || folded.endsWith(u"_here") ||
         folded.endsWith(u"-here") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
     return isTemplate || (folded.contains(u'<') && folded.endsWith(u'>'));
 }
@@ -106,9 +110,9 @@ bool isExpression(const Candidate& candidate) {
 
 bool isNameOfVariable(const Candidate& candidate) {
     const QStringView value = candidate.written;
-    if (!isOnlyOf(value, wordBit, u"-"))
+    if (!isOnlyOf(value, wordBit, u"-."))
         return false;
-    const bool isCompound = value.contains(u'_') || value.contains(u'-');
+    const bool isCompound = value.contains(u'_') || value.contains(u'-') || value.contains(u'.');
     const bool hasHump =
         candidate.shape.lower > 0 && candidate.shape.upper > 0 && !value.mid(1).isEmpty() &&
         std::ranges::any_of(value.mid(1), [](QChar unit) { return unit.isUpper(); });
@@ -118,7 +122,11 @@ bool isNameOfVariable(const Candidate& candidate) {
         return true;
     if (candidate.shape.digits * 5 > candidate.shape.size || candidate.shape.digits > 3)
         return false;
-    return (isCompound || hasHump) && holdsLabel(value);
+    const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);
+    const bool isOfWords = candidate.label.kind != LabelKind::password &&
+                           !candidate.value.isQuoted && candidate.shape.longestLower >= 4 &&
+                           candidate.shape.changeRate() < 25;
+    return (isCompound || hasHump) && (holdsLabel(value) || isKey || isOfWords);
 }
 
 bool readsOn(const Candidate& candidate) {

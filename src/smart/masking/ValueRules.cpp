@@ -10,7 +10,8 @@ namespace {
 
 bool endsStatement(const Candidate& candidate) {
     const QChar after = candidate.after();
-    return after == u';' || after == u',' || after == u')' || after == u'}' || after == u']';
+    return after == u';' || after == u',' || after == u')' || after == u'}' || after == u']' ||
+           after == u':';
 }
 
 bool isAtLineStart(const Candidate& candidate) {
@@ -57,6 +58,9 @@ bool isWordAsPassword(const Candidate& candidate) {
 }
 
 bool isWordAsKey(const Candidate& candidate) {
+    if (candidate.shape.upperRuns >= 3 && candidate.shape.size >= 12 &&
+        candidate.shape.randomness() >= 0)
+        return true;
     const LabelledValue& value = candidate.value;
     const bool isExplicit = candidate.label.style == LabelStyle::constant ||
                             value.separator == Separator::tag ||
@@ -72,15 +76,23 @@ bool isStriking(const Candidate& candidate) {
                            std::ranges::any_of(candidate.written, [](QChar unit) {
                                return QStringView(u"!@#$%^&*?").contains(unit);
                            });
+    const bool isMixed = shape.digits > 0 && shape.upper > 0 && shape.lower > 0;
     return shape.size >= 6 && shape.letters() > 0 &&
            ((shape.digits > 0 && shape.letters() > 1 && shape.lower > 0) || isSpecial) &&
-           !candidate.written.contains(u'/') && !candidate.written.contains(u'=');
+           (isMixed || (!candidate.written.contains(u'/') && !candidate.written.contains(u'=')));
 }
 
 bool standsApart(const Candidate& candidate) {
     const QChar after = candidate.after();
     const bool isClosed = after == u',' || after == u'.' || after == u';' || after == u')';
     return !readsOn(candidate) || isClosed || candidate.value.isQuoted;
+}
+
+/// "PASSWORD" in prose, not "DB_PASSWORD".
+bool isLoudWord(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    return label.style == LabelStyle::constant &&
+           !candidate.text.mid(label.start, label.end - label.start).contains(u'_');
 }
 
 bool isPassword(const Candidate& candidate) {
@@ -92,7 +104,7 @@ bool isPassword(const Candidate& candidate) {
     if (!candidate.isAssigned() && !isOption)
         return isStriking(candidate) && standsApart(candidate) &&
                (separator != Separator::blank || candidate.value.isQuoted ||
-                candidate.label.style == LabelStyle::word);
+                candidate.label.style == LabelStyle::word || isLoudWord(candidate));
     const bool isWord = shape.digits == 0 && shape.symbols == 0;
     if (isWord)
         return !readsOn(candidate) && isWordAsPassword(candidate);
@@ -123,7 +135,8 @@ bool isKey(const Candidate& candidate) {
 
 bool isToken(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
-    if (shape.size < 8 || shape.digits == 0 || shape.letters() == 0 ||
+    const bool isRandomWord = shape.upperRuns >= 3 && shape.size >= 16 && shape.randomness() >= 12;
+    if (shape.size < 8 || (shape.digits == 0 && !isRandomWord) || shape.letters() == 0 ||
         candidate.written.contains(u' ') || isNameOfVariable(candidate))
         return false;
     const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option;
@@ -153,7 +166,11 @@ bool isPhrase(const Candidate& candidate) {
     if (!candidate.isAssigned() && candidate.value.separator != Separator::lineEnd)
         return isPassword(candidate);
     const bool hasWords = candidate.written.contains(u' ');
-    return hasWords ? !isSentence(candidate) : isPassword(candidate);
+    if (hasWords)
+        return !isSentence(candidate);
+    const bool isName =
+        candidate.text.mid(candidate.label.start, 4).compare(u"pass", Qt::CaseInsensitive) != 0;
+    return (candidate.hasDigit() || !isName) && isPassword(candidate);
 }
 
 /// Without punctuation before them, words of letters are dismissed before all else.
