@@ -132,6 +132,9 @@ std::optional<Gap> gapAfter(QStringView text, const Label& label) {
         return gap;
     if (const auto gap = verbGap(text, at))
         return gap;
+    // As forms are copied: a label on a line of its own.
+    if (hasBit(unitAt(text, at), lineEndBit) && label.style == LabelStyle::word)
+        return Gap{Separator::lineEnd, false, at};
     if (at == label.end)
         return {};
     const bool isTab = text.mid(label.end, at - label.end).contains(u'\t');

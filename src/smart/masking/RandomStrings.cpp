@@ -142,9 +142,10 @@ std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsi
     if (isMarkedInside(run))
         return hiddenPart(start, end, 0);
     if (run.contains(u'.') || run.startsWith(u"AAAA") || run.startsWith(u"_Z") ||
-        run.startsWith(u"pk_") || run.startsWith(u"phc_") || run.startsWith(u'-'))
+        run.startsWith(u"pk_") || run.startsWith(u"phc_"))
         return {};
-    const RunShape shape = shapeOf(run);
+    const qsizetype padding = run.endsWith(u"==") ? 2 : run.endsWith(u'=') ? 1 : 0;
+    const RunShape shape = shapeOf(run.chopped(padding));
     if (!isMixedRandom(shape, marksIn(run)) && !isLowRandom(text, shape))
         return {};
     if (isNamedPublic(text, start) || isLineOfFile(text, start, end))
@@ -155,6 +156,7 @@ std::optional<SecretRange> randomStringIn(QStringView text, qsizetype start, qsi
 std::optional<SecretRange> lonePassword(QStringView text) {
     constexpr qsizetype least = 12;
     constexpr qsizetype most = 64;
+    constexpr int fewPairs = 5;
     if (text.size() > mostRandom)
         return {};
     const QStringView run = text.trimmed();
@@ -166,7 +168,8 @@ std::optional<SecretRange> lonePassword(QStringView text) {
         run, [](QChar unit) { return QStringView(u"!@#$%^&*?~+=;|<>{}[]()").contains(unit); });
     const int variety = (shape.changes + shape.symbols) * 100 / shape.size;
     if (!hasAll || !hasStrange || shape.others > 0 || shape.longestLower > 8 ||
-        variety < shape.frequentRate() || variety < 25 || looksLikeCode(run))
+        (shape.pairs > fewPairs && variety < shape.frequentRate()) || variety < 25 ||
+        looksLikeCode(run))
         return {};
     return SecretRange{run.begin() - text.begin(), run.size()};
 }

@@ -107,7 +107,9 @@ void SecretScanner::readDigits(qsizetype start, qsizetype end) {
         m_next = token->end();
         return;
     }
-    if (start < m_urlEnd)
+    // No card begins with fewer digits; of a counter before one nothing is read.
+    constexpr qsizetype leastGroup = 4;
+    if (start < m_urlEnd || end - start < leastGroup)
         return;
     const CardReading card = cardNumberAt(m_text, start);
     if (card.hidden)

@@ -76,14 +76,18 @@ qsizetype endOfBody(QStringView text, qsizetype start, const TokenForm& form) {
 
 bool isTrusted(QStringView body, const TokenForm& form) {
     const RunShape shape = shapeOf(body);
+    // Sixteen capitals may come without a digit.
+    constexpr int leastCapitals = 6;
+    if (form.alphabet == TokenAlphabet::capitals)
+        return shape.distinct >= leastCapitals;
     if (form.trust == TokenTrust::firm)
         return isFilled(shape);
     if (!looksGenerated(shape))
         return false;
     // Names and words with a digit at the end share the beginnings of loose forms.
-    const bool isMixed = shape.lower > 1 && shape.upper > 1;
-    return shape.digits >= 2 && (isMixed || shape.digits * 5 >= shape.size) &&
-           shape.longestLower <= (isMixed ? 6 : 12);
+    if (shape.lower > 1 && shape.upper > 1)
+        return shape.digits > 0 && shape.longestLower <= 9 && shape.randomness() >= -25;
+    return shape.digits >= 2 && shape.digits * 5 >= shape.size && shape.longestLower <= 12;
 }
 
 std::optional<SecretRange> matched(QStringView text, qsizetype start, const TokenForm& form) {
