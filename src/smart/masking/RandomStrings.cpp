@@ -121,12 +121,25 @@ bool isOneWord(QStringView run) {
     return std::ranges::none_of(run, [](QChar unit) { return hasBit(unit, blankBit); });
 }
 
+/// "name@host.example": letters and dots alone behind the only "@".
+bool isAddress(QStringView run) {
+    const QStringView host = run.mid(run.lastIndexOf(u'@') + 1);
+    return host.size() < run.size() && host.contains(u'.') &&
+           std::ranges::all_of(host, [](QChar unit) {
+               return isAsciiAlphanumeric(unit) || unit == u'.' || unit == u'-' || unit == u':';
+           });
+}
+
 bool looksLikeCode(QStringView run) {
     constexpr QStringView codeMarks[] = {
-        u"::",  u"->",  u"</", u"/>", u"://", u"=>", u"()",  u"[]", u"{}", u"\\", u"A-Z",
-        u"a-z", u"0-9", u"(?", u"${", u"{{",  u");", u"=\"", u"&#", u":$", u"!$",
+        u"::",  u"->",  u"</",  u"/>", u"://", u"=>", u"()", u"[]",  u"{}", u"\\",
+        u"A-Z", u"a-z", u"0-9", u"(?", u"${",  u"{{", u");", u"=\"", u":$", u"!$",
     };
-    return run.front() == u'<' || run.startsWith(u"./") || run.startsWith(u"~/") ||
+    const qsizetype open = run.indexOf(u'(');
+    const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
+    const bool isStatement = run.contains(u":=") || run.contains(u'\'') || run.contains(u'"');
+    return isCall || isStatement || isAddress(run) || run.front() == u'<' ||
+           run.startsWith(u"./") || run.startsWith(u"~/") ||
            std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
 }
 
@@ -157,6 +170,7 @@ std::optional<SecretRange> lonePassword(QStringView text) {
     constexpr qsizetype least = 12;
     constexpr qsizetype most = 64;
     constexpr int fewPairs = 5;
+    constexpr int tolerance = 15;
     if (text.size() > mostRandom)
         return {};
     const QStringView run = text.trimmed();
@@ -168,7 +182,7 @@ std::optional<SecretRange> lonePassword(QStringView text) {
         run, [](QChar unit) { return QStringView(u"!@#$%^&*?~+=;|<>{}[]()").contains(unit); });
     const int variety = (shape.changes + shape.symbols) * 100 / shape.size;
     if (!hasAll || !hasStrange || shape.others > 0 || shape.longestLower > 8 ||
-        (shape.pairs > fewPairs && variety < shape.frequentRate()) || variety < 25 ||
+        (shape.pairs > fewPairs && variety + tolerance < shape.frequentRate()) || variety < 25 ||
         looksLikeCode(run))
         return {};
     return SecretRange{run.begin() - text.begin(), run.size()};
