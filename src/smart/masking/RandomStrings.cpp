@@ -130,6 +130,15 @@ bool isAddress(QStringView run) {
            });
 }
 
+/// "Name.Of-Setting=15%".
+bool isSetting(QStringView run) {
+    constexpr qsizetype leastName = 4;
+    const qsizetype equals = run.indexOf(u'=');
+    return equals >= leastName && std::ranges::all_of(run.left(equals), [](QChar unit) {
+               return isAsciiLetter(unit) || QStringView(u"._-#").contains(unit);
+           });
+}
+
 bool looksLikeCode(QStringView run) {
     constexpr QStringView codeMarks[] = {
         u"::",  u"->",  u"</",  u"/>", u"://", u"=>", u"()", u"[]",  u"{}", u"\\",
@@ -138,7 +147,7 @@ bool looksLikeCode(QStringView run) {
     const qsizetype open = run.indexOf(u'(');
     const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
     const bool isStatement = run.contains(u":=") || run.contains(u'\'') || run.contains(u'"');
-    return isCall || isStatement || isAddress(run) || run.front() == u'<' ||
+    return isCall || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
            run.startsWith(u"./") || run.startsWith(u"~/") ||
            std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
 }

@@ -181,6 +181,10 @@ void SecretScanner::readValue(const Label& label) {
 }
 
 void SecretScanner::readCommand(qsizetype start, qsizetype end) {
+    if (unitAt(m_text, end) == u'-')
+        end = endOfBits(m_text, end + 1, lowerBit);
+    if (bitsOf(unitAt(m_text, end)) != blankBit)
+        return;
     if (!isSecretCommand(m_text.mid(start, end - start)))
         return;
     const CommandReading reading = commandSecretsAt(m_text, start, end);
