@@ -81,6 +81,9 @@ std::optional<SecretRange> authorizationAt(QStringView text, qsizetype start) {
                            });
     const qsizetype value = hasScheme ? afterBlanks(text, wordEnd) : at;
     const qsizetype end = endOfCredentials(text, value);
+    // A parameter with a quoted value of its own.
+    if (unitAt(text, end - 1) == u'=' && unitAt(text, end) == u'"')
+        return {};
     if (end == value || !isCredential(text.mid(value, end - value), hasScheme))
         return {};
     return SecretRange{value, end - value};

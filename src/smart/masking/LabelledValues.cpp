@@ -67,6 +67,24 @@ qsizetype afterRemark(QStringView text, qsizetype at) {
     return unitAt(text, next) == u':' || unitAt(text, next) == u'=' ? next : at;
 }
 
+bool isApostrophe(QStringView text, qsizetype at) {
+    return text[at] == u'\'' && isLetter(unitAt(text, at - 1)) && isLetter(unitAt(text, at + 1));
+}
+
+/// Whether the label stands inside a quotation of that kind, as in `print("Password: " + x)`, so
+/// that the next such mark closes it.
+bool isInsideQuote(QStringView text, const Label& label, QChar quote) {
+    constexpr qsizetype reach = 200;
+    if (afterLabelMarks(text, label.end) != label.end)
+        return false;
+    const qsizetype limit = qMax(qsizetype(0), label.start - reach);
+    bool isInside = false;
+    for (qsizetype at = label.start - 1; at >= limit && !hasBit(text[at], lineEndBit); --at)
+        if (text[at] == quote && !isApostrophe(text, at))
+            isInside = !isInside;
+    return isInside;
+}
+
 struct Gap {
     Separator separator = Separator::blank;
     bool isTight = false;
@@ -237,6 +255,8 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         start = endOfBits(text.left(start + 4), start, blankBit);
     }
     start = afterLiteralPrefix(text, start);
+    if (isQuote(unitAt(text, start)) && isInsideQuote(text, label, text[start]))
+        return {};
     if (isQuote(unitAt(text, start)) && gap->separator != Separator::tag) {
         const qsizetype close = closingQuote(text, start + 1, text[start]);
         if (close >= 0) {

@@ -121,6 +121,18 @@ bool isOneWord(QStringView run) {
     return std::ranges::none_of(run, [](QChar unit) { return hasBit(unit, blankBit); });
 }
 
+/// Signs of passwords; those that programs and settings are full of count only among characters
+/// that are random beyond doubt.
+bool hasPasswordMarks(QStringView run, int variety, const RunShape& shape) {
+    constexpr int leastVariety = 48;
+    constexpr int mostFrequent = 40;
+    const auto holdsAny = [run](QStringView marks) {
+        return std::ranges::any_of(run, [marks](QChar unit) { return marks.contains(unit); });
+    };
+    return holdsAny(u"!@#$%^&*?~") || (holdsAny(u"+=;|<>{}[]()") && variety >= leastVariety &&
+                                       shape.frequentRate() <= mostFrequent);
+}
+
 /// "name@host.example": letters and dots alone behind the only "@".
 bool isAddress(QStringView run) {
     const QStringView host = run.mid(run.lastIndexOf(u'@') + 1);
@@ -141,8 +153,8 @@ bool isSetting(QStringView run) {
 
 bool looksLikeCode(QStringView run) {
     constexpr QStringView codeMarks[] = {
-        u"::",  u"->",  u"</",  u"/>", u"://", u"=>", u"()", u"[]",  u"{}", u"\\",
-        u"A-Z", u"a-z", u"0-9", u"(?", u"${",  u"{{", u");", u"=\"", u":$", u"!$",
+        u"::",  u"->", u"</", u"/>", u"://", u"=>",  u"()", u"[]", u"{}", u"\\", u"A-Z", u"a-z",
+        u"0-9", u"(?", u"${", u"{{", u");",  u"=\"", u":$", u"/*", u"*.", u"*/", u"++",  u"!$",
     };
     const qsizetype open = run.indexOf(u'(');
     const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
@@ -187,12 +199,10 @@ std::optional<SecretRange> lonePassword(QStringView text) {
         return {};
     const RunShape shape = shapeOf(run);
     const bool hasAll = shape.lower > 0 && shape.upper > 0 && shape.digits > 0 && shape.symbols > 0;
-    const bool hasStrange = std::ranges::any_of(
-        run, [](QChar unit) { return QStringView(u"!@#$%^&*?~+=;|<>{}[]()").contains(unit); });
     const int variety = (shape.changes + shape.symbols) * 100 / shape.size;
-    if (!hasAll || !hasStrange || shape.others > 0 || shape.longestLower > 8 ||
-        (shape.pairs > fewPairs && variety + tolerance < shape.frequentRate()) || variety < 25 ||
-        looksLikeCode(run))
+    const bool isWordy = shape.pairs > fewPairs && variety + tolerance < shape.frequentRate();
+    if (!hasAll || shape.others > 0 || shape.longestLower > 8 || isWordy || variety < 25 ||
+        !hasPasswordMarks(run, variety, shape) || looksLikeCode(run))
         return {};
     return SecretRange{run.begin() - text.begin(), run.size()};
 }

@@ -75,6 +75,9 @@ bool isLocation(const Candidate& candidate) {
 
 bool isFiller(const Candidate& candidate) {
     const QStringView folded = candidate.folded;
+    // A role of a markup language: ":name:`text`".
+    if (folded.startsWith(u':') && folded.indexOf(u':', 1) > 1)
+        return true;
     const auto begins = [folded](QStringView start) { return folded.startsWith(start); };
     if (std::ranges::any_of(fillerBeginnings, begins) || isReference(candidate.written))
         return true;
@@ -100,7 +103,8 @@ bool isExpression(const Candidate& candidate) {
         return true;
     if (value.front() == u'(' || value.front() == u'{' || value.front() == u'[')
         return true;
-    if (value.contains(u"->") || value.contains(u"::") || value.contains(u"=>"))
+    if (value.contains(u"->") || value.contains(u"::") || value.contains(u"=>") ||
+        value.contains(u"^."))
         return true;
     const bool isPathOfNames = value.contains(u'.') && isOnlyOf(value, wordBit, u".?!") &&
                                candidate.shape.digits * 4 < candidate.shape.size &&
@@ -120,9 +124,11 @@ bool isNameOfVariable(const Candidate& candidate) {
                             (isCompound || candidate.shape.digits == 0);
     if (isConstant)
         return true;
+    const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);
+    if (isKey && hasHump && candidate.shape.longestLower >= 4)
+        return true;
     if (candidate.shape.digits * 5 > candidate.shape.size || candidate.shape.digits > 3)
         return false;
-    const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);
     const bool isOfWords = candidate.label.kind != LabelKind::password &&
                            !candidate.value.isQuoted && candidate.shape.longestLower >= 4 &&
                            candidate.shape.changeRate() < 25;

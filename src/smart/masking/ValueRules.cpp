@@ -72,8 +72,12 @@ bool isWordAsKey(const Candidate& candidate) {
 /// Without punctuation between label and value only what is clearly no word counts.
 bool isStriking(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
+    // A sentence may end with a question or a call.
+    QStringView inner = candidate.written;
+    while (inner.endsWith(u'?') || inner.endsWith(u'!'))
+        inner.chop(1);
     const bool isSpecial = shape.symbols > 0 && candidate.written.size() >= 8 &&
-                           std::ranges::any_of(candidate.written, [](QChar unit) {
+                           std::ranges::any_of(inner, [](QChar unit) {
                                return QStringView(u"!@#$%^&*?").contains(unit);
                            });
     const bool isMixed = shape.digits > 0 && shape.upper > 0 && shape.lower > 0;

@@ -11,6 +11,7 @@ inline constexpr QStringView ordinaryValues[] = {
     u"str",
     u"text",
     u"varchar",
+    u"pchar",
     u"char",
     u"number",
     u"int",
