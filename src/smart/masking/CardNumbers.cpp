@@ -1,0 +1,235 @@
+#include "smart/masking/CardNumbers.h"
+
+#include "smart/masking/CharacterBits.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quorvel {
+
+namespace {
+
+/// First six digits from and to, how many digits such numbers may have (bit n: n digits).
+struct Issuer {
+    int from;
+    int to;
+    quint32 lengths;
+};
+
+constexpr quint32 lengthBits(int from, int to) {
+    return (quint32(1) << (to + 1)) - (quint32(1) << from);
+}
+
+constexpr quint32 sixteen = lengthBits(16, 16);
+constexpr quint32 sixteenUp = lengthBits(16, 19);
+
+constexpr Issuer issuers[] = {
+    {220000, 220499, sixteenUp},
+    {222100, 272099, sixteen},
+    {300000, 305999, lengthBits(14, 14)},
+    {309500, 309599, lengthBits(14, 14)},
+    {340000, 349999, lengthBits(15, 15)},
+    {352800, 358999, sixteenUp},
+    {360000, 369999, lengthBits(14, 14)},
+    {370000, 379999, lengthBits(15, 15)},
+    {380000, 399999, lengthBits(14, 14)},
+    {400000, 499999, lengthBits(13, 13) | sixteen | lengthBits(19, 19)},
+    {501800, 501999, lengthBits(13, 19)},
+    {502000, 502099, lengthBits(13, 19)},
+    {503800, 503899, lengthBits(13, 19)},
+    {506000, 506299, sixteenUp},
+    {506700, 506799, sixteen},
+    {508000, 509999, sixteen},
+    {510000, 559999, sixteen},
+    {561200, 561299, lengthBits(13, 19)},
+    {589300, 589399, lengthBits(13, 19)},
+    {601100, 601199, sixteenUp},
+    {606282, 608500, sixteen},
+    {620000, 629999, sixteenUp},
+    {630400, 630499, lengthBits(13, 19)},
+    {636200, 636399, sixteen},
+    {637000, 639999, sixteen},
+    {644000, 659999, sixteenUp},
+    {675900, 675999, lengthBits(13, 19)},
+    {676100, 676399, lengthBits(13, 19)},
+    {676770, 676774, lengthBits(13, 19)},
+    {810000, 829999, sixteen},
+    {860000, 860099, sixteen},
+    {979200, 979299, sixteen},
+    {986000, 986099, sixteen},
+};
+
+constexpr int leastDigits = 13;
+constexpr int mostDigits = 19;
+constexpr int mostGroups = 8;
+
+/// Groups of digits with the same single separator between them.
+struct Groups {
+    struct Group {
+        qsizetype start = 0;
+        int size = 0;
+    };
+    std::array<Group, mostGroups> at;
+    int count = 0;
+    qsizetype end = 0;
+};
+
+struct Digits {
+    std::array<int, mostDigits> value{};
+    std::array<qsizetype, mostDigits> place{};
+    int count = 0;
+};
+
+bool isLuhnValid(const Digits& digits) {
+    int sum = 0;
+    for (int i = 0; i < digits.count; ++i) {
+        const bool isDoubled = (digits.count - i) % 2 == 0;
+        const int value = digits.value[size_t(i)] * (isDoubled ? 2 : 1);
+        sum += value > 9 ? value - 9 : value;
+    }
+    return sum % 10 == 0;
+}
+
+/// Thirteen digits may also be an article number, which is far more common than such a card.
+bool isArticleNumber(const Digits& digits) {
+    int sum = 0;
+    for (int i = 0; i < digits.count; ++i)
+        sum += digits.value[size_t(i)] * (i % 2 == 0 ? 1 : 3);
+    return digits.count == 13 && sum % 10 == 0;
+}
+
+bool hasIssuer(const Digits& digits) {
+    int beginning = 0;
+    for (size_t i = 0; i < 6; ++i)
+        beginning = beginning * 10 + digits.value[i];
+    return std::ranges::any_of(issuers, [&](const Issuer& issuer) {
+        return beginning >= issuer.from && beginning <= issuer.to &&
+               (issuer.lengths >> digits.count & 1) != 0;
+    });
+}
+
+bool isMonotonous(const Digits& digits) {
+    const auto end = digits.value.begin() + digits.count;
+    return std::count(digits.value.begin() + 1, end, digits.value[1]) == digits.count - 1 &&
+           digits.value[1] == 0;
+}
+
+bool isSeparator(QChar unit) {
+    return unit == u' ' || unit == u'-' || unit == QChar(0xA0) || unit == QChar(0x202F);
+}
+
+bool isDigit(QChar unit) {
+    return hasBit(unit, digitBit);
+}
+
+/// Reads groups; says by a count beyond the most that there are too many for a card.
+Groups groupsAt(QStringView text, qsizetype start) {
+    Groups groups;
+    QChar separator;
+    for (qsizetype at = start;;) {
+        const qsizetype end = endOfBits(text, at, digitBit);
+        if (groups.count < mostGroups)
+            groups.at[size_t(groups.count)] = {at, int(qMin(end - at, qsizetype(99)))};
+        ++groups.count;
+        groups.end = end;
+        const QChar next = unitAt(text, end);
+        const bool goesOn = isSeparator(next) && (separator.isNull() || next == separator) &&
+                            isDigit(unitAt(text, end + 1));
+        if (!goesOn)
+            return groups;
+        separator = next;
+        at = end + 1;
+    }
+}
+
+Digits digitsOf(QStringView text, const Groups& groups, int first, int last) {
+    Digits digits;
+    for (int i = first; i <= last; ++i) {
+        const auto& group = groups.at[size_t(i)];
+        for (qsizetype at = group.start; at < group.start + group.size; ++at) {
+            if (digits.count == mostDigits)
+                return {};
+            digits.value[size_t(digits.count)] = text[at].digitValue();
+            digits.place[size_t(digits.count++)] = at;
+        }
+    }
+    return digits;
+}
+
+/// Cards print four digits first, then groups of three to six; or all in one.
+bool isCardGrouping(const Groups& groups, int first, int last) {
+    if (first == last)
+        return true;
+    if (last - first == 1)
+        return (groups.at[size_t(first)].size == 6 || groups.at[size_t(first)].size == 8) &&
+               groups.at[size_t(last)].size >= 8;
+    if (groups.at[size_t(first)].size != 4)
+        return false;
+    for (int i = first + 1; i < last; ++i)
+        if (groups.at[size_t(i)].size < 3 || groups.at[size_t(i)].size > 6)
+            return false;
+    return groups.at[size_t(last)].size <= 6;
+}
+
+std::optional<SecretRange> cardIn(QStringView text, const Groups& groups, int first, int last) {
+    if (!isCardGrouping(groups, first, last))
+        return {};
+    const Digits digits = digitsOf(text, groups, first, last);
+    if (digits.count < leastDigits || !hasIssuer(digits) || !isLuhnValid(digits) ||
+        isArticleNumber(digits) || isMonotonous(digits))
+        return {};
+    const qsizetype start = digits.place[0];
+    return SecretRange{start, digits.place[size_t(digits.count - 5)] + 1 - start};
+}
+
+/// A card may have a counter before it, and a security code or a month behind it.
+std::optional<SecretRange> cardAmong(QStringView text, const Groups& groups) {
+    for (int first = 0; first < groups.count; ++first)
+        for (int last = groups.count - 1; last >= first; --last)
+            if (const auto card = cardIn(text, groups, first, last))
+                return card;
+    return {};
+}
+
+constexpr QStringView otherNumbers[] = {
+    u"order",   u"imei",     u"tracking", u"invoice",  u"isbn",  u"ean",     u"upc",
+    u"gtin",    u"sku",      u"serial",   u"time",     u"stamp", u"barcode", u"sendung",
+    u"bestell", u"rechnung", u"pedido",   u"commande", u"iccid", u"ticket",  u"article",
+};
+
+/// A word on the left that says it is a number of another kind.
+bool isNamedOtherwise(QStringView text, qsizetype start) {
+    constexpr qsizetype reach = 24;
+    const qsizetype from = qMax(qsizetype(0), start - reach);
+    QStringView before = text.mid(from, start - from);
+    before = before.mid(before.lastIndexOf(u'\n') + 1);
+    return std::ranges::any_of(otherNumbers, [before](QStringView word) {
+        return before.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+/// Part of a longer number, a decimal fraction, a name or a path.
+bool isInsideSomething(QStringView text, qsizetype start, qsizetype end) {
+    const QChar before = unitAt(text, start - 1);
+    const QChar after = unitAt(text, end);
+    const bool isBound = isLetter(before) || before == u'_' || before == u'.' || before == u'/' ||
+                         before == u'+' || (before == u'-' && start > 1 && text[start - 2] != u' ');
+    const bool isFraction = after == u'.' && isDigit(unitAt(text, end + 1));
+    return isBound || isFraction || isAsciiLetter(after) || after == u'_';
+}
+
+} // namespace
+
+CardReading cardNumberAt(QStringView text, qsizetype start) {
+    const Groups groups = groupsAt(text, start);
+    const qsizetype length = groups.end - start;
+    if (groups.count > mostGroups || length < leastDigits ||
+        isInsideSomething(text, start, groups.end))
+        return {{}, groups.end};
+    const auto card = cardAmong(text, groups);
+    if (!card || isNamedOtherwise(text, card->start))
+        return {{}, groups.end};
+    return {card, groups.end};
+}
+
+} // namespace quorvel

@@ -1,0 +1,233 @@
+#include "smart/masking/Labels.h"
+
+#include "foundation/Folding.h"
+#include "smart/masking/CharacterBits.h"
+#include "smart/masking/LabelTable.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quorvel {
+
+namespace {
+
+constexpr TrigramFilter labelEnds = [] {
+    TrigramFilter filter;
+    for (const LabelForm& form : labelForms) {
+        const qsizetype size = form.letters.size();
+        const char16_t last = form.letters[size - 1].unicode();
+        const char16_t second = form.letters[size - 2].unicode();
+        if (size > 2)
+            filter.add(form.letters[size - 3].unicode(), second, last);
+        for (char16_t first = 0; size == 2 && first < 32; ++first)
+            filter.add(first, second, last);
+    }
+    // Final letters with an accent, as the text may have them.
+    filter.add(u's', u'z', u'\u00F3');
+    filter.add(u'h', u'\u1EA9', u'u');
+    filter.add(u'e', u'\u00F1', u'a');
+    filter.add(u'n', u'\u0303', u'a');
+    filter.add(u's', u'\u00F5', u'n');
+    filter.add(u'\u00F5', u'n', u'a');
+    filter.add(u'o', u'l', u'\u0103');
+    filter.add(u'\u03BA', u'\u03CC', u'\u03C2');
+    // A short last word.
+    filter.add(u' ', u'b', u'y');
+    return filter;
+}();
+
+/// By the low bits of the first unit.
+constexpr std::array<bool, 1024> plainBeginnings = [] {
+    std::array<bool, 1024> begins{};
+    for (const PlainLabel& label : plainLabels)
+        begins[label.letters[0].unicode() & 1023U] = true;
+    return begins;
+}();
+
+/// The letters before the end of a word, backwards and folded, with the places where a part of a
+/// compound begins.
+struct Backwards {
+    static constexpr int most = 28;
+    std::array<char16_t, most> letter{};
+    std::array<qsizetype, most> place{};
+    std::array<bool, most> beginsPart{};
+    int count = 0;
+};
+
+char16_t foldedUnit(QChar unit) {
+    if (unit.unicode() < 0x80)
+        return hasBit(unit, upperBit) ? unit.unicode() | 0x20 : unit.unicode();
+    const char16_t lowered = QChar::toCaseFolded(unit.unicode());
+    // Cyrillic, but for the letter that is taken apart.
+    if (lowered >= 0x430 && lowered <= 0x44F && lowered != 0x439)
+        return lowered;
+    QString folded;
+    appendFolded(unit.unicode(), folded);
+    return folded.isEmpty() ? u'\0' : folded[0].unicode();
+}
+
+bool isJoint(QChar unit) {
+    return unit == u'_' || unit == u'-' || unit == u' ' || unit == u'.' || unit == QChar(0xA0) ||
+           unit == QChar(0x2011);
+}
+
+bool beginsPartAt(QStringView text, qsizetype at) {
+    const QChar before = unitAt(text, at - 1);
+    if (at == 0 || !isLetter(before))
+        return true;
+    if (!hasBit(text[at], upperBit))
+        return false;
+    return hasBit(before, lowerBit) || hasBit(unitAt(text, at + 1), lowerBit);
+}
+
+Backwards readBackwards(QStringView text, qsizetype end) {
+    Backwards read;
+    for (qsizetype at = end - 1; at >= 0 && read.count < Backwards::most; --at) {
+        if (isJoint(text[at]) && at > 0 && isLetter(text[at - 1]))
+            continue;
+        if (!isLetter(text[at]))
+            break;
+        const char16_t unit = foldedUnit(text[at]);
+        if (unit == 0)
+            continue;
+        const auto index = size_t(read.count++);
+        read.letter[index] = unit;
+        read.place[index] = at;
+        read.beginsPart[index] = beginsPartAt(text, at);
+    }
+    return read;
+}
+
+bool isEndOf(const Backwards& read, const LabelForm& form) {
+    const qsizetype size = form.letters.size();
+    if (size > read.count)
+        return false;
+    for (qsizetype i = 0; i < size; ++i)
+        if (form.letters[size - 1 - i] != read.letter[size_t(i)])
+            return false;
+    return form.boundary == LabelBoundary::none || read.beginsPart[size_t(size - 1)];
+}
+
+/// Positions in lists of pages and marks in language models are called tokens too.
+constexpr QStringView harmlessBefore[] = {
+    u"nextpage", u"next", u"page", u"continuation", u"stop", u"pad",  u"eos",
+    u"bos",      u"unk",  u"sep",  u"cls",          u"mask", u"kind", u"public",
+};
+
+bool isHarmless(const Backwards& read, const LabelForm& form) {
+    if (form.kind != LabelKind::token && form.kind != LabelKind::secret)
+        return false;
+    return std::ranges::any_of(harmlessBefore, [&](QStringView word) {
+        const qsizetype offset = form.letters.size();
+        if (offset + word.size() > read.count)
+            return false;
+        for (qsizetype i = 0; i < word.size(); ++i)
+            if (word[word.size() - 1 - i] != read.letter[size_t(offset + i)])
+                return false;
+        return true;
+    });
+}
+
+/// The rows of the table by the low bits of their last letter.
+struct LabelIndex {
+    std::array<quint8, std::size(labelForms)> row{};
+    std::array<quint8, 33> begin{};
+};
+
+constexpr LabelIndex labelIndex = [] {
+    static_assert(std::size(labelForms) < 256);
+    LabelIndex index;
+    quint8 count = 0;
+    for (unsigned bucket = 0; bucket < 32; ++bucket) {
+        index.begin[bucket] = count;
+        for (size_t row = 0; row < std::size(labelForms); ++row)
+            if ((labelForms[row].letters.back().unicode() & 31U) == bucket)
+                index.row[count++] = quint8(row);
+    }
+    index.begin[32] = count;
+    return index;
+}();
+
+const LabelForm* longestForm(const Backwards& read) {
+    const LabelForm* best = nullptr;
+    const unsigned bucket = read.letter[0] & 31U;
+    for (size_t at = labelIndex.begin[bucket]; at < labelIndex.begin[bucket + 1]; ++at) {
+        const LabelForm& form = labelForms[labelIndex.row[at]];
+        if (!isEndOf(read, form))
+            continue;
+        if (!best || form.letters.size() > best->letters.size())
+            best = &form;
+    }
+    return best;
+}
+
+qsizetype nameStart(QStringView text, qsizetype labelStart) {
+    constexpr qsizetype reach = 60;
+    const qsizetype limit = qMax(qsizetype(0), labelStart - reach);
+    while (labelStart > limit &&
+           (isAsciiAlphanumeric(text[labelStart - 1]) || text[labelStart - 1] == u'_' ||
+            text[labelStart - 1] == u'-' || text[labelStart - 1] == u'.'))
+        --labelStart;
+    return labelStart;
+}
+
+LabelStyle styleOf(QStringView text, const Label& label) {
+    const QStringView name = text.mid(label.start, label.end - label.start);
+    const QChar before = unitAt(text, label.start - 1);
+    if (before == u'?' || before == u'&')
+        return LabelStyle::parameter;
+    if (name.startsWith(u'-') || (before == u'/' && !isLetter(unitAt(text, label.start - 2))))
+        return LabelStyle::option;
+    if (before == u'<' ||
+        (before == u':' && name.size() > 3 && unitAt(text, label.start - 2) != u' ' &&
+         text.left(label.start).right(40).contains(u'<')))
+        return LabelStyle::element;
+    const bool hasLower = std::ranges::any_of(name, [](QChar unit) { return unit.isLower(); });
+    if (!hasLower && (name.contains(u'_') || name.size() > 4))
+        return LabelStyle::constant;
+    return name.contains(u'_') || name.contains(u'.') || name.contains(u'-')
+               ? LabelStyle::identifier
+               : LabelStyle::word;
+}
+
+} // namespace
+
+bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
+    if (wordEnd - wordStart < 2)
+        return false;
+    const QChar first = wordEnd - wordStart > 2 ? text[wordEnd - 3] : QChar(u' ');
+    return labelEnds.mayHold(first, text[wordEnd - 2], text[wordEnd - 1]);
+}
+
+std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
+    const Backwards read = readBackwards(text, wordEnd);
+    if (read.count == 0)
+        return {};
+    const LabelForm* form = longestForm(read);
+    if (!form || isHarmless(read, *form))
+        return {};
+    Label label{form->kind, LabelStyle::word, 0, wordEnd};
+    label.start = nameStart(text, read.place[size_t(form->letters.size() - 1)]);
+    label.style = styleOf(text, label);
+    return label;
+}
+
+std::optional<Label> labelStartingAt(QStringView text, qsizetype start) {
+    if (!plainBeginnings[text[start].unicode() & 1023U])
+        return {};
+    const QStringView rest = text.mid(start, 16);
+    for (const PlainLabel& form : plainLabels)
+        if (rest.startsWith(form.letters))
+            return Label{form.kind, LabelStyle::word, start, start + form.letters.size()};
+    return {};
+}
+
+bool holdsLabel(QStringView name) {
+    constexpr QStringView stems[] = {u"pass",    u"secret", u"token",    u"apikey",
+                                     u"api_key", u"pwd",    u"kennwort", u"credential",
+                                     u"_key",    u"-key",   u"hash"};
+    return std::ranges::any_of(
+        stems, [name](QStringView stem) { return name.contains(stem, Qt::CaseInsensitive); });
+}
+
+} // namespace quorvel

@@ -1,0 +1,233 @@
+#include "smart/masking/CharacterBits.h"
+#include "smart/masking/LabelledValues.h"
+#include "smart/masking/ValueCandidate.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+bool endsStatement(const Candidate& candidate) {
+    const QChar after = candidate.after();
+    return after == u';' || after == u',' || after == u')' || after == u'}' || after == u']' ||
+           after == u':';
+}
+
+bool isAtLineStart(const Candidate& candidate) {
+    const qsizetype start = candidate.label.start;
+    return start == 0 || hasBit(candidate.text[start - 1], lineEndBit);
+}
+
+bool endsLine(const Candidate& candidate) {
+    const qsizetype next = afterBlanks(candidate.text, candidate.value.end);
+    return next >= candidate.text.size() || hasBit(candidate.text[next], lineEndBit);
+}
+
+/// "Server=x;Password=y;Database=z".
+bool isInConnection(const Candidate& candidate) {
+    return candidate.after() == u';' && candidate.value.isTight &&
+           (unitAt(candidate.text, candidate.label.start - 1) == u';' ||
+            candidate.text.mid(candidate.value.end, 40).contains(u'='));
+}
+
+bool isAssignedWord(const Candidate& candidate) {
+    const bool hasHump = candidate.shape.upper > 0 && !candidate.written[0].isUpper();
+    if (candidate.shape.size < 4)
+        return false;
+    if (isInConnection(candidate))
+        return true;
+    if (endsStatement(candidate))
+        return false;
+    if (candidate.value.separator == Separator::equals)
+        return !hasHump && (candidate.value.isTight || isAtLineStart(candidate));
+    return true;
+}
+
+/// Letters alone may as well be a word of prose or a name in a program.
+bool isWordAsPassword(const Candidate& candidate) {
+    const LabelStyle style = candidate.label.style;
+    const LabelledValue& value = candidate.value;
+    const bool isExplicit = value.isQuoted || style == LabelStyle::constant ||
+                            style == LabelStyle::parameter || value.separator == Separator::tag;
+    if (holdsLabel(candidate.folded) && candidate.folded.startsWith(u"pass"))
+        return isExplicit && candidate.shape.upper == 0 && style != LabelStyle::option;
+    if (style == LabelStyle::option)
+        return candidate.shape.size >= 4 && candidate.shape.lower > 0 && endsLine(candidate);
+    return isExplicit ? candidate.shape.size >= 3 : isAssignedWord(candidate);
+}
+
+bool isWordAsKey(const Candidate& candidate) {
+    if (candidate.shape.upperRuns >= 3 && candidate.shape.size >= 12 &&
+        candidate.shape.randomness() >= 0)
+        return true;
+    const LabelledValue& value = candidate.value;
+    const bool isExplicit = candidate.label.style == LabelStyle::constant ||
+                            value.separator == Separator::tag ||
+                            (value.isQuoted && candidate.shape.size >= 10);
+    return isExplicit && candidate.shape.size >= 6 &&
+           candidate.shape.upper * 2 <= candidate.shape.size;
+}
+
+/// Without punctuation between label and value only what is clearly no word counts.
+bool isStriking(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    // A sentence may end with a question or a call.
+    QStringView inner = candidate.written;
+    while (inner.endsWith(u'?') || inner.endsWith(u'!'))
+        inner.chop(1);
+    const bool isSpecial = shape.symbols > 0 && candidate.written.size() >= 8 &&
+                           std::ranges::any_of(inner, [](QChar unit) {
+                               return QStringView(u"!@#$%^&*?").contains(unit);
+                           });
+    const bool isMixed = shape.digits > 0 && shape.upper > 0 && shape.lower > 0;
+    return shape.size >= 6 && shape.letters() > 0 &&
+           ((shape.digits > 0 && shape.letters() > 1 && shape.lower > 0) || isSpecial) &&
+           (isMixed || (!candidate.written.contains(u'/') && !candidate.written.contains(u'=')));
+}
+
+bool standsApart(const Candidate& candidate) {
+    const QChar after = candidate.after();
+    const bool isClosed = after == u',' || after == u'.' || after == u';' || after == u')';
+    return !readsOn(candidate) || isClosed || candidate.value.isQuoted;
+}
+
+/// "PASSWORD" in prose, not "DB_PASSWORD".
+bool isLoudWord(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    return label.style == LabelStyle::constant &&
+           !candidate.text.mid(label.start, label.end - label.start).contains(u'_');
+}
+
+bool isPassword(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    if (shape.letters() + shape.digits == 0 || isNameOfVariable(candidate))
+        return false;
+    const Separator separator = candidate.value.separator;
+    const bool isOption = candidate.label.style == LabelStyle::option;
+    if (!candidate.isAssigned() && !isOption)
+        return isStriking(candidate) && standsApart(candidate) &&
+               (separator != Separator::blank || candidate.value.isQuoted ||
+                candidate.label.style == LabelStyle::word || isLoudWord(candidate));
+    const bool isWord = shape.digits == 0 && shape.symbols == 0;
+    if (isWord)
+        return !readsOn(candidate) && isWordAsPassword(candidate);
+    if (shape.digits == 0 && readsOn(candidate))
+        return false;
+    const bool isHyphenated =
+        shape.digits == 0 && shape.upper == 0 &&
+        candidate.written.count(u'-') + candidate.written.count(u'_') == shape.symbols;
+    if (isHyphenated && !candidate.value.isQuoted && candidate.label.style != LabelStyle::constant)
+        return shape.symbols >= 3 || candidate.value.separator == Separator::tag;
+    return shape.size >= (candidate.value.isQuoted ? 3 : 4);
+}
+
+bool isKey(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate))
+        return false;
+    const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option ||
+                            candidate.value.separator == Separator::lineEnd ||
+                            candidate.value.separator == Separator::tab;
+    if (shape.digits == 0 && shape.symbols == 0)
+        return candidate.isAssigned() && isWordAsKey(candidate);
+    if (shape.digits == 0)
+        return candidate.isAssigned() && candidate.label.style == LabelStyle::constant &&
+               shape.size >= 8;
+    return shape.letters() > 0 && (isAssigned || (shape.size >= 12 && shape.changeRate() >= 20));
+}
+
+bool isToken(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const bool isRandomWord = shape.upperRuns >= 3 && shape.size >= 16 && shape.randomness() >= 12;
+    if (shape.size < 8 || (shape.digits == 0 && !isRandomWord) || shape.letters() == 0 ||
+        candidate.written.contains(u' ') || isNameOfVariable(candidate))
+        return false;
+    const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option;
+    return isAssigned ? shape.digits >= 2 || shape.size >= 16
+                      : shape.size >= 16 && shape.digits >= 3 && looksGenerated(shape);
+}
+
+/// Postal codes are called "PIN" in India; in addresses they follow words on the same line.
+bool isPostalCode(const Candidate& candidate) {
+    const qsizetype start = candidate.label.start;
+    const QStringView before = candidate.text.left(start).right(24).trimmed();
+    const bool isCode = candidate.text.mid(start, 8).contains(u"cod", Qt::CaseInsensitive);
+    return candidate.shape.size == 6 && (isCode || before.endsWith(u',') || before.endsWith(u'-'));
+}
+
+bool isPin(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
+    const bool isSeparated = candidate.value.separator != Separator::blank || isLoud;
+    const bool isSecurityCode =
+        candidate.text.mid(candidate.label.start, 2).startsWith(u"cv", Qt::CaseInsensitive);
+    return shape.size == shape.digits && shape.size >= (isSecurityCode ? 3 : 4) &&
+           shape.size <= 10 && isSeparated && !isPostalCode(candidate);
+}
+
+bool isPhrase(const Candidate& candidate) {
+    if (!candidate.isAssigned() && candidate.value.separator != Separator::lineEnd)
+        return isPassword(candidate);
+    const bool hasWords = candidate.written.contains(u' ');
+    if (hasWords)
+        return !isSentence(candidate);
+    const bool isName =
+        candidate.text.mid(candidate.label.start, 4).compare(u"pass", Qt::CaseInsensitive) != 0;
+    return (candidate.hasDigit() || !isName) && isPassword(candidate);
+}
+
+/// Without punctuation before them, words of letters are dismissed before all else.
+bool isWorthReading(QStringView text, const Label& label, const LabelledValue& value) {
+    if (value.separator != Separator::blank && value.separator != Separator::verb)
+        return true;
+    return value.isQuoted || label.style == LabelStyle::option ||
+           !std::ranges::all_of(value.in(text), isLetter);
+}
+
+/// Test programs report "PASS: name" and "pass: 12/15".
+bool isTestResult(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    const bool isShort = candidate.text.mid(label.start, label.end - label.start)
+                             .compare(u"pass", Qt::CaseInsensitive) == 0;
+    const bool isLoud = candidate.text[label.end - 1].isUpper();
+    const bool isCount = candidate.shape.letters() == 0 && candidate.shape.symbols > 0;
+    return isShort && candidate.value.separator != Separator::equals && !candidate.value.isQuoted &&
+           (isLoud || isCount);
+}
+
+bool isOfKind(const Candidate& candidate) {
+    switch (candidate.label.kind) {
+    case LabelKind::password:
+        return isPassword(candidate);
+    case LabelKind::secret:
+        return isKey(candidate);
+    case LabelKind::token:
+        return isToken(candidate);
+    case LabelKind::pin:
+        return isPin(candidate);
+    case LabelKind::phrase:
+        return isPhrase(candidate);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool isSecretValue(QStringView text, const Label& label, const LabelledValue& value) {
+    if (value.end <= value.start)
+        return false;
+    if (!isWorthReading(text, label, value))
+        return false;
+    const Candidate candidate = candidateFor(text, label, value);
+    if (isFiller(candidate) || isOrdinaryValue(candidate) || isLocation(candidate) ||
+        isTestResult(candidate))
+        return false;
+    const bool isCode = !value.isQuoted && isExpression(candidate);
+    return !isCode &&
+           !(value.isQuoted && label.kind != LabelKind::phrase && isSentence(candidate)) &&
+           isOfKind(candidate);
+}
+
+} // namespace quorvel
