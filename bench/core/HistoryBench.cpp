@@ -50,7 +50,8 @@ void buildMenu(benchmark::State& state) {
     CoreRig rig;
     fill(rig, int(state.range(0)));
     const StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
-    const MenuContent content{rig.history, rig.preferences, strings, rig.clock};
+    const ShownTexts shownTexts;
+    const MenuContent content{rig.history, rig.preferences, strings, rig.clock, shownTexts};
     for (auto _ : state)
         benchmark::DoNotOptimize(statusMenu(content, MenuVariant::main, {}));
 }

@@ -5,6 +5,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
+#include "platform/TextServices.h"
 #include "platform/TrayIcon.h"
 #include "platform/Workspace.h"
 
@@ -20,6 +21,7 @@ struct Adapters {
     TrayIcon& statusItem;
     MenuRenderer& menu;
     Desktop& desktop;
+    const TextServices& textServices;
 };
 
 } // namespace quorvel

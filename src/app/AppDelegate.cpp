@@ -20,17 +20,20 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_preferenceStore(m_environment.paths.preferencesFile, m_environment.clock,
                         m_environment.disk)
     , m_preferences(m_preferenceStore)
+    , m_detector(m_smartPluginRegistry, m_adapters.textServices.dataDetector(),
+                 m_adapters.textServices.nameTagger())
     , m_history(m_preferences, m_environment.clock)
+    , m_smartFolders(m_smartPluginRegistry, m_history, m_preferences, m_environment.clock)
     , m_historyStore(m_environment.paths.historyFile, m_environment.paths.journalFile, m_history,
                      m_environment.clock, m_environment.mainQueue, m_environment.disk)
-    , m_watcher(m_adapters.pasteboard, m_adapters.workspace, m_history, m_environment.clock,
-                m_environment.mainQueue)
+    , m_watcher(m_adapters.pasteboard, m_adapters.workspace, m_detector, m_history,
+                m_environment.clock, m_environment.mainQueue)
     , m_focusTracker(m_adapters.workspace, m_environment.mainQueue, m_environment.processIdentifier)
     , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
                     m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
-    , m_menu({m_history, m_preferences, m_environment.strings, m_environment.clock}, m_history,
-             m_watcher, m_adapters.menu) {
+    , m_menu({m_history, m_preferences, m_environment.strings, m_environment.clock, m_shownTexts},
+             m_history, m_watcher, m_adapters.menu) {
     wireMenu();
     wirePaste();
     wireControl();
@@ -54,7 +57,11 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("accessibility trust"), [this] { logAccessibilityTrust(); }},
         {QStringLiteral("status item"),
          [&] { m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip"))); }},
-        {QStringLiteral("history"), [this] { m_historyStore.load(); }},
+        {QStringLiteral("history"),
+         [this] {
+             m_historyStore.load();
+             m_smartFolders.rebuild();
+         }},
         {QStringLiteral("pasteboard watcher"), [this] { m_watcher.start(); }},
         {QStringLiteral("focus tracker"), [this] { m_focusTracker.start(); }},
         {QStringLiteral("hot keys"), [this] { m_hotKeys.registerAll(); }},

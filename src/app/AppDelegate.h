@@ -3,6 +3,7 @@
 #include "app/Adapters.h"
 #include "app/LaunchStep.h"
 #include "clipboard/HistoryStore.h"
+#include "clipboard/SmartFolderClipboard.h"
 #include "control/ControlServer.h"
 #include "control/InstanceLock.h"
 #include "foundation/DataPaths.h"
@@ -10,6 +11,8 @@
 #include "menu/StatusMenuController.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
+#include "smart/SmartDetector.h"
+#include "smart/masking/ShownTexts.h"
 
 #include <QObject>
 
@@ -69,7 +72,11 @@ private:
     InstanceLock m_instanceLock;
     PreferenceStore m_preferenceStore;
     Preferences m_preferences;
+    SmartPluginRegistry m_smartPluginRegistry;
+    SmartDetector m_detector;
     ClipboardHistory m_history;
+    SmartFolderClipboard m_smartFolders;
+    ShownTexts m_shownTexts;
     HistoryStore m_historyStore;
     PasteboardWatcher m_watcher;
     FocusTracker m_focusTracker;

@@ -5,10 +5,11 @@
 namespace quorvel {
 
 PasteboardWatcher::PasteboardWatcher(Pasteboard& pasteboard, const Workspace& workspace,
-                                     ClipboardHistory& history, const Clock& clock,
-                                     MainQueue& mainQueue)
+                                     const SmartDetector& detector, ClipboardHistory& history,
+                                     const Clock& clock, MainQueue& mainQueue)
     : m_pasteboard(pasteboard)
     , m_workspace(workspace)
+    , m_detector(detector)
     , m_history(history)
     , m_clock(clock)
     , m_mainQueue(mainQueue)
@@ -54,6 +55,7 @@ void PasteboardWatcher::capture() {
         return;
     if (!capture.imagePNGData.isEmpty())
         capture.autoTags.append(ClipboardAutoTag::image);
+    capture.autoTags += m_detector.detectAutoTags(capture.text);
     if (const auto source = m_workspace.frontmostApplication()) {
         capture.sourceAppName = source->name;
         capture.sourceAppBundleIdentifier = source->bundleIdentifier;

@@ -4,6 +4,7 @@
 #include "foundation/MainQueue.h"
 #include "platform/Pasteboard.h"
 #include "platform/Workspace.h"
+#include "smart/SmartDetector.h"
 
 #include <QObject>
 #include <QSet>
@@ -16,8 +17,9 @@ class PasteboardWatcher final : public QObject {
     Q_OBJECT
 
 public:
-    PasteboardWatcher(Pasteboard& pasteboard, const Workspace& workspace, ClipboardHistory& history,
-                      const Clock& clock, MainQueue& mainQueue);
+    PasteboardWatcher(Pasteboard& pasteboard, const Workspace& workspace,
+                      const SmartDetector& detector, ClipboardHistory& history, const Clock& clock,
+                      MainQueue& mainQueue);
 
     /// From now on changes are recorded: as they are announced, else by a poll.
     void start();
@@ -50,6 +52,7 @@ public:
 private:
     Pasteboard& m_pasteboard;
     const Workspace& m_workspace;
+    const SmartDetector& m_detector;
     ClipboardHistory& m_history;
     const Clock& m_clock;
     MainQueue& m_mainQueue;

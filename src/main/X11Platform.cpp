@@ -45,16 +45,18 @@ struct X11Platform::Parts {
 };
 
 X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
-                         const StringTable& strings)
-    : m_parts(std::make_unique<Parts>(clock, mainQueue, background, strings)) {
+                         const StringTable& strings, const TextServices& textServices)
+    : m_textServices(textServices)
+    , m_parts(std::make_unique<Parts>(clock, mainQueue, background, strings)) {
     connect(&m_parts->pasteboard, &X11Pasteboard::connectionLost, this, &X11Platform::displayLost);
 }
 
 X11Platform::~X11Platform() = default;
 
 Adapters X11Platform::adapters() {
-    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
-            m_parts->hotKeys,      m_parts->statusItem, m_parts->menu,      m_parts->desktop};
+    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace,
+            m_parts->keyPoster,    m_parts->hotKeys,    m_parts->statusItem,
+            m_parts->menu,         m_parts->desktop,    m_textServices};
 }
 
 void X11Platform::warmUp() {

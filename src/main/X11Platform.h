@@ -5,6 +5,7 @@
 #include "foundation/Clock.h"
 #include "foundation/MainQueue.h"
 #include "foundation/StringTable.h"
+#include "platform/TextServices.h"
 
 #include <QObject>
 
@@ -18,7 +19,7 @@ class X11Platform final : public QObject {
 
 public:
     X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
-                const StringTable& strings);
+                const StringTable& strings, const TextServices& textServices);
     ~X11Platform() override;
 
     Adapters adapters();
@@ -31,6 +32,7 @@ signals:
 
 private:
     struct Parts;
+    const TextServices& m_textServices;
     std::unique_ptr<Parts> m_parts;
 };
 

@@ -2,6 +2,7 @@
 #include "foundation/Log.h"
 #include "main/SignalWatcher.h"
 #include "main/X11Platform.h"
+#include "platform/textmodule/LazyTextServices.h"
 
 #include <QApplication>
 
@@ -48,7 +49,8 @@ int run(QApplication& application) {
     QtMainQueue mainQueue;
     ThreadBackgroundQueue disk;
     const StringTable strings = StringTable::forLocale(QLocale::system());
-    X11Platform platform(clock, mainQueue, disk, strings);
+    const LazyTextServices textServices(QCoreApplication::applicationDirPath());
+    X11Platform platform(clock, mainQueue, disk, strings, textServices);
     AppDelegate delegate({DataPaths::fromEnvironment(), clock, mainQueue, disk, strings,
                           QCoreApplication::applicationPid()},
                          platform.adapters());

@@ -15,14 +15,16 @@ KeyEquivalent numberKey(qsizetype index) {
     return {QString::number((index + 1) % numberKeys), Modifier::command};
 }
 
-MenuItem clipItem(const RecentClipboardEntry& entry, const StringTable& strings) {
+MenuItem clipItem(const RecentClipboardEntry& entry, const MenuContent& content) {
+    const QString text = content.shownTexts.shown(entry.id, entry.text);
     MenuItem item;
-    item.title = shortened(displayTitle(entry, strings), titleLimit, titleTail);
+    item.title = entry.isImage() ? content.strings.text(QStringLiteral("menu.image"))
+                                 : shortened(singleLine(text), titleLimit, titleTail);
     item.action = MenuAction::pasteRecentSnippet;
     item.representedObject = entry.id.toString(QUuid::WithoutBraces).toUpper();
     item.imagePNGData = entry.imagePNGData;
     item.symbol = entry.isImage() ? QStringLiteral("photo") : QString();
-    item.toolTip = entry.text;
+    item.toolTip = text;
     item.tag = pasteItemTag;
     return item;
 }
@@ -33,7 +35,7 @@ QList<MenuItem> recentItems(const MenuContent& content, qsizetype limit) {
         return {MenuItem::disabled(content.strings.text(QStringLiteral("menu.noRecentItems")))};
     QList<MenuItem> items;
     for (qsizetype i = 0; i < std::min(limit, entries.size()); ++i) {
-        items.append(clipItem(entries.at(i), content.strings));
+        items.append(clipItem(entries.at(i), content));
         items.last().keyEquivalent = numberKey(i);
     }
     return items;
@@ -46,7 +48,7 @@ MenuItem overflowItem(const MenuContent& content, qsizetype limit) {
                                         QString::number(entries.size() - limit));
     item.symbol = QStringLiteral("ellipsis.circle");
     for (qsizetype i = limit; i < entries.size(); ++i)
-        item.submenu.append(clipItem(entries.at(i), content.strings));
+        item.submenu.append(clipItem(entries.at(i), content));
     return item;
 }
 
@@ -55,7 +57,7 @@ QList<MenuItem> pinnedItems(const MenuContent& content) {
     QList<MenuItem> items;
     for (const RecentClipboardEntry& entry : content.history.recentClipboard())
         if (entry.pinned && (!entry.pinnedUntil || *entry.pinnedUntil > now))
-            items.append(clipItem(entry, content.strings));
+            items.append(clipItem(entry, content));
     return items;
 }
 
@@ -76,10 +78,6 @@ QList<MenuItem> clipsSection(const MenuContent& content) {
         items += pinned;
     }
     return items;
-}
-
-QString displayTitle(const RecentClipboardEntry& entry, const StringTable& strings) {
-    return entry.isImage() ? strings.text(QStringLiteral("menu.image")) : singleLine(entry.text);
 }
 
 QString countedTitle(const QString& title, qsizetype count, const Preferences& preferences) {

@@ -9,9 +9,6 @@ namespace quorvel {
 /// submenu, and the pinned ones.
 QList<MenuItem> clipsSection(const MenuContent& content);
 
-/// What an entry is called in a menu, on one line and uncut.
-QString displayTitle(const RecentClipboardEntry& entry, const StringTable& strings);
-
 /// The title with its count in parentheses, when counters are switched on.
 QString countedTitle(const QString& title, qsizetype count, const Preferences& preferences);
 

@@ -4,6 +4,7 @@
 #include "clipboard/ClipboardHistory.h"
 #include "foundation/Clock.h"
 #include "foundation/StringTable.h"
+#include "smart/masking/ShownTexts.h"
 
 #include <QString>
 
@@ -15,6 +16,7 @@ struct MenuContent {
     const Preferences& preferences;
     const StringTable& strings;
     const Clock& clock;
+    const ShownTexts& shownTexts;
 };
 
 } // namespace quorvel

@@ -30,7 +30,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               desktop}) {}
+               desktop, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -48,6 +48,7 @@ struct Program {
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
     FakeDesktop desktop;
+    FakeTextServices textServices;
     AppDelegate delegate;
 };
 

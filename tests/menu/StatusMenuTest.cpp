@@ -30,7 +30,8 @@ protected:
     }
 
     StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
-    MenuContent content{history, preferences, strings, clock};
+    ShownTexts shownTexts;
+    MenuContent content{history, preferences, strings, clock, shownTexts};
     FakeMenuRenderer renderer;
     StatusMenuController controller{content, history, watcher, renderer};
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FakePasteboard.h"
+#include "FakeTextServices.h"
 #include "FakeWorkspace.h"
 #include "ManualTime.h"
 
@@ -22,7 +23,11 @@ struct CoreRig {
     FakePasteboard pasteboard;
     FakeWorkspace workspace;
     ClipboardHistory history{preferences, clock};
-    PasteboardWatcher watcher{pasteboard, workspace, history, clock, mainQueue};
+    FakeTextServices textServices;
+    SmartPluginRegistry smartPluginRegistry;
+    SmartDetector detector{smartPluginRegistry, textServices.dataDetector(),
+                           textServices.nameTagger()};
+    PasteboardWatcher watcher{pasteboard, workspace, detector, history, clock, mainQueue};
 
     void insert(const QString& text) { history.insert({.text = text}); }
 

@@ -88,6 +88,8 @@ inline constexpr std::array<Switch, 17> smartFolderSwitches{{
 inline constexpr Record pinnedClipboardTexts{"pinnedClipboardTexts"};
 inline constexpr Record pinnedClipboardExpirations{"pinnedClipboardExpirations"};
 inline constexpr Record smartFolderPinnedClipboardTexts{"smartFolderPinnedClipboardTexts"};
+inline constexpr Record smartFolderPinnedClipboardExpirations{
+    "smartFolderPinnedClipboardExpirations"};
 inline constexpr Switch launchAtLoginPromptShown{"launchAtLoginPromptShown", false};
 inline constexpr Record altModeUsageCount{"altModeUsageCount"};
 inline constexpr Record altHintMenuOpenCount{"altHintMenuOpenCount"};

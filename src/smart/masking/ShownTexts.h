@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QUuid>
+
+namespace quorvel {
+
+/// What may be shown of clips, worked out once for each. Of a long text only its beginning and its
+/// end are kept, with a line of "…" between, so the cost of a title does not grow with the clip.
+class ShownTexts {
+public:
+    /// A clip's text never changes, so its identifier stands for it.
+    QString shown(const QUuid& id, const QString& text) const;
+
+    static constexpr qsizetype headUnits = 3072;
+    static constexpr qsizetype tailUnits = 1024;
+
+private:
+    /// An empty text stands for "nothing to hide", which nearly all clips are.
+    mutable QHash<QUuid, QString> m_masked;
+};
+
+} // namespace quorvel
