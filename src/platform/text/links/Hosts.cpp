@@ -27,65 +27,67 @@ constexpr std::array fileEndings{
 /// Of those, what companies and countries use so much that a name alone is more likely a link when
 /// it does not look like a file's.
 constexpr std::array sharedEndings{
-    QStringView(u"ac"), QStringView(u"ai"), QStringView(u"cc"), QStringView(u"dev"),
-    QStringView(u"pl"), QStringView(u"ph"), QStringView(u"ml"), QStringView(u"st"),
-    QStringView(u"so"), QStringView(u"sc"), QStringView(u"sv"), QStringView(u"cat"),
+    QStringView(u"ac"), QStringView(u"ai"), QStringView(u"cc"),  QStringView(u"dev"),
+    QStringView(u"pl"), QStringView(u"ph"), QStringView(u"ml"),  QStringView(u"st"),
+    QStringView(u"sc"), QStringView(u"sv"), QStringView(u"cat"),
 };
 
 /// Names of files and folders that developers' texts are full of.
 constexpr std::array fileStems{
-    QStringView(u"main"),      QStringView(u"lib"),       QStringView(u"mod"),
-    QStringView(u"index"),     QStringView(u"readme"),    QStringView(u"test"),
-    QStringView(u"tests"),     QStringView(u"setup"),     QStringView(u"config"),
-    QStringView(u"configure"), QStringView(u"install"),   QStringView(u"build"),
-    QStringView(u"run"),       QStringView(u"start"),     QStringView(u"utils"),
-    QStringView(u"util"),      QStringView(u"script"),    QStringView(u"makefile"),
-    QStringView(u"logo"),      QStringView(u"changelog"), QStringView(u"license"),
+    QStringView(u"main"),       QStringView(u"lib"),        QStringView(u"mod"),
+    QStringView(u"index"),      QStringView(u"readme"),     QStringView(u"test"),
+    QStringView(u"tests"),      QStringView(u"setup"),      QStringView(u"config"),
+    QStringView(u"configure"),  QStringView(u"install"),    QStringView(u"build"),
+    QStringView(u"run"),        QStringView(u"start"),      QStringView(u"utils"),
+    QStringView(u"util"),       QStringView(u"script"),     QStringView(u"makefile"),
+    QStringView(u"logo"),       QStringView(u"changelog"),  QStringView(u"license"),
+    QStringView(u"dockerfile"), QStringView(u"cmakelists"), QStringView(u"package"),
 };
 
 /// Top-level domains that are ordinary words and stand after a dot in source code and slips.
 constexpr std::array memberWords{
-    QStringView(u"active"),  QStringView(u"app"),       QStringView(u"bar"),
-    QStringView(u"bid"),     QStringView(u"black"),     QStringView(u"blue"),
-    QStringView(u"box"),     QStringView(u"call"),      QStringView(u"channel"),
-    QStringView(u"click"),   QStringView(u"cloud"),     QStringView(u"contact"),
-    QStringView(u"core"),    QStringView(u"data"),      QStringView(u"date"),
-    QStringView(u"day"),     QStringView(u"db"),        QStringView(u"domains"),
-    QStringView(u"email"),   QStringView(u"events"),    QStringView(u"fail"),
-    QStringView(u"family"),  QStringView(u"final"),     QStringView(u"fit"),
-    QStringView(u"foo"),     QStringView(u"game"),      QStringView(u"global"),
-    QStringView(u"green"),   QStringView(u"group"),     QStringView(u"help"),
-    QStringView(u"host"),    QStringView(u"hosting"),   QStringView(u"id"),
-    QStringView(u"info"),    QStringView(u"is"),        QStringView(u"link"),
-    QStringView(u"media"),   QStringView(u"menu"),      QStringView(u"name"),
-    QStringView(u"network"), QStringView(u"new"),       QStringView(u"next"),
-    QStringView(u"now"),     QStringView(u"off"),       QStringView(u"one"),
-    QStringView(u"open"),    QStringView(u"page"),      QStringView(u"parts"),
-    QStringView(u"phone"),   QStringView(u"photo"),     QStringView(u"pink"),
-    QStringView(u"place"),   QStringView(u"play"),      QStringView(u"plus"),
-    QStringView(u"post"),    QStringView(u"prod"),      QStringView(u"properties"),
-    QStringView(u"read"),    QStringView(u"red"),       QStringView(u"rest"),
-    QStringView(u"review"),  QStringView(u"reviews"),   QStringView(u"room"),
-    QStringView(u"run"),     QStringView(u"safe"),      QStringView(u"save"),
-    QStringView(u"search"),  QStringView(u"select"),    QStringView(u"services"),
-    QStringView(u"show"),    QStringView(u"solutions"), QStringView(u"space"),
-    QStringView(u"spot"),    QStringView(u"stream"),    QStringView(u"style"),
-    QStringView(u"systems"), QStringView(u"target"),    QStringView(u"team"),
-    QStringView(u"tools"),   QStringView(u"top"),       QStringView(u"video"),
-    QStringView(u"watch"),   QStringView(u"win"),       QStringView(u"work"),
-    QStringView(u"works"),   QStringView(u"world"),     QStringView(u"zero"),
+    QStringView(u"active"),    QStringView(u"app"),        QStringView(u"bar"),
+    QStringView(u"bid"),       QStringView(u"black"),      QStringView(u"blue"),
+    QStringView(u"box"),       QStringView(u"call"),       QStringView(u"channel"),
+    QStringView(u"click"),     QStringView(u"cloud"),      QStringView(u"contact"),
+    QStringView(u"core"),      QStringView(u"data"),       QStringView(u"date"),
+    QStringView(u"day"),       QStringView(u"db"),         QStringView(u"domains"),
+    QStringView(u"email"),     QStringView(u"events"),     QStringView(u"fail"),
+    QStringView(u"family"),    QStringView(u"final"),      QStringView(u"fit"),
+    QStringView(u"foo"),       QStringView(u"game"),       QStringView(u"global"),
+    QStringView(u"green"),     QStringView(u"group"),      QStringView(u"help"),
+    QStringView(u"host"),      QStringView(u"hosting"),    QStringView(u"id"),
+    QStringView(u"info"),      QStringView(u"is"),         QStringView(u"link"),
+    QStringView(u"media"),     QStringView(u"menu"),       QStringView(u"name"),
+    QStringView(u"network"),   QStringView(u"new"),        QStringView(u"ninja"),
+    QStringView(u"am"),        QStringView(u"next"),       QStringView(u"now"),
+    QStringView(u"off"),       QStringView(u"one"),        QStringView(u"open"),
+    QStringView(u"page"),      QStringView(u"parts"),      QStringView(u"phone"),
+    QStringView(u"photo"),     QStringView(u"pink"),       QStringView(u"place"),
+    QStringView(u"play"),      QStringView(u"plus"),       QStringView(u"post"),
+    QStringView(u"prod"),      QStringView(u"properties"), QStringView(u"read"),
+    QStringView(u"red"),       QStringView(u"rest"),       QStringView(u"review"),
+    QStringView(u"reviews"),   QStringView(u"room"),       QStringView(u"run"),
+    QStringView(u"safe"),      QStringView(u"save"),       QStringView(u"search"),
+    QStringView(u"select"),    QStringView(u"services"),   QStringView(u"show"),
+    QStringView(u"solutions"), QStringView(u"space"),      QStringView(u"spot"),
+    QStringView(u"stream"),    QStringView(u"style"),      QStringView(u"systems"),
+    QStringView(u"target"),    QStringView(u"team"),       QStringView(u"tools"),
+    QStringView(u"top"),       QStringView(u"video"),      QStringView(u"watch"),
+    QStringView(u"win"),       QStringView(u"work"),       QStringView(u"works"),
+    QStringView(u"world"),     QStringView(u"zero"),
 };
 
 /// Of those, what is registered so much that a name alone is a link unless code says otherwise.
 constexpr std::array popularWords{
-    QStringView(u"app"),     QStringView(u"info"),     QStringView(u"cloud"),
-    QStringView(u"id"),      QStringView(u"is"),       QStringView(u"space"),
-    QStringView(u"top"),     QStringView(u"world"),    QStringView(u"one"),
-    QStringView(u"page"),    QStringView(u"team"),     QStringView(u"media"),
-    QStringView(u"email"),   QStringView(u"link"),     QStringView(u"tools"),
-    QStringView(u"run"),     QStringView(u"services"), QStringView(u"solutions"),
-    QStringView(u"network"), QStringView(u"group"),    QStringView(u"help"),
-    QStringView(u"work"),    QStringView(u"works"),    QStringView(u"systems"),
+    QStringView(u"app"),      QStringView(u"info"),      QStringView(u"cloud"),
+    QStringView(u"is"),       QStringView(u"space"),     QStringView(u"top"),
+    QStringView(u"world"),    QStringView(u"one"),       QStringView(u"page"),
+    QStringView(u"team"),     QStringView(u"media"),     QStringView(u"email"),
+    QStringView(u"link"),     QStringView(u"tools"),     QStringView(u"run"),
+    QStringView(u"services"), QStringView(u"solutions"), QStringView(u"network"),
+    QStringView(u"group"),    QStringView(u"help"),      QStringView(u"work"),
+    QStringView(u"works"),    QStringView(u"systems"),
 };
 
 /// What stands before the dot in source code and style sheets.
@@ -131,7 +133,7 @@ constexpr std::array productNames{
 /// What the names of packages begin with, written the other way round.
 constexpr std::array packageRoots{QStringView(u"com"), QStringView(u"org"), QStringView(u"net"),
                                   QStringView(u"io"),  QStringView(u"edu"), QStringView(u"gov"),
-                                  QStringView(u"de"),  QStringView(u"java")};
+                                  QStringView(u"java")};
 
 /// What everybody takes for a link, whatever stands before it.
 constexpr std::array plainDomains{QStringView(u"com"), QStringView(u"org"), QStringView(u"net"),
@@ -208,6 +210,10 @@ Labels labelsOf(const QString& host) {
     return labels;
 }
 
+bool isMember(QStringView last) {
+    return contains(memberWords, last);
+}
+
 BareHost judgeEnding(const Labels& labels) {
     const bool isNested = labels.count > 2;
     const bool isCodeObject = contains(codeObjects, labels.second);
@@ -223,12 +229,19 @@ BareHost judgeEnding(const Labels& labels) {
     return BareHost::yes;
 }
 
+bool isListed(QStringView suffix) {
+    constexpr int listed = PSL_TYPE_ICANN | PSL_TYPE_NO_STAR_RULE;
+    const QByteArray name = suffix.toString().toLower().toUtf8();
+    return psl_is_public_suffix2(psl_builtin(), name.constData(), listed) != 0;
+}
+
 } // namespace
 
-bool isTopLevelDomain(QStringView label) {
-    constexpr int listed = PSL_TYPE_ICANN | PSL_TYPE_NO_STAR_RULE;
-    const QByteArray name = label.toString().toLower().toUtf8();
-    return psl_is_public_suffix2(psl_builtin(), name.constData(), listed) != 0;
+bool hasPublicSuffix(QStringView host) {
+    const QStringView last = host.sliced(host.lastIndexOf(u'.') + 1);
+    const QStringView before = host.chopped(last.size() + 1);
+    // Of some countries only the second level is listed: "co.za".
+    return isListed(last) || isListed(host.sliced(before.lastIndexOf(u'.') + 1));
 }
 
 bool isHost(QStringView host) {
@@ -237,8 +250,7 @@ bool isHost(QStringView host) {
 
 bool isMailDomain(QStringView domain) {
     const qsizetype dot = domain.lastIndexOf(u'.');
-    return dot > 0 && !domain.contains(u'_') && areLabels(domain) &&
-           isTopLevelDomain(domain.sliced(dot + 1));
+    return dot > 0 && !domain.contains(u'_') && areLabels(domain) && hasPublicSuffix(domain);
 }
 
 BareHost judgeBareHost(QStringView host) {
@@ -246,7 +258,7 @@ BareHost judgeBareHost(QStringView host) {
     if (dot <= 0 || !areLabels(host))
         return BareHost::no;
     const QStringView last = host.sliced(dot + 1);
-    if (isAllDigits(last) || endsLikeNextSentence(host, last) || !isTopLevelDomain(last))
+    if (isAllDigits(last) || endsLikeNextSentence(host, last) || !hasPublicSuffix(host))
         return BareHost::no;
     const QString lower = host.toString().toLower();
     const Labels labels = labelsOf(lower);
@@ -254,11 +266,11 @@ BareHost judgeBareHost(QStringView host) {
         return BareHost::no;
     if (labels.first == u"www")
         return BareHost::yes;
-    if (labels.count > 2 && contains(packageRoots, labels.first))
-        return BareHost::no;
     if (contains(plainDomains, labels.last))
-        return contains(codeObjects, labels.second) && labels.second.size() < 2 ? BareHost::no
-                                                                                : BareHost::yes;
+        return BareHost::yes;
+    if (labels.count > 2 && (contains(packageRoots, labels.first) ||
+                             (contains(codeObjects, labels.first) && isMember(labels.last))))
+        return BareHost::no;
     if (isCamelCase(host) || isAllDigits(labels.second))
         return BareHost::withPath;
     return judgeEnding(labels);

@@ -4,9 +4,9 @@
 
 namespace quorvel {
 
-/// Whether names below this last label are registered (https://publicsuffix.org): "com", "uk",
-/// "рф". Any case.
-bool isTopLevelDomain(QStringView label);
+/// Whether names are registered below the end of this one (https://publicsuffix.org): "com",
+/// "uk", "рф". Any case.
+bool hasPublicSuffix(QStringView host);
 
 /// Whether the units can be a host after "://": labels of letters, digits, hyphens and underscores
 /// with dots between, or an address of version 6 in brackets. One label is enough.

@@ -16,6 +16,19 @@ bool isLocalUnit(QChar c) {
     return isLetterOrDigit(c) || QStringView(u"._%+-'&=~!#$*/").contains(c);
 }
 
+bool startsMailbox(QChar c) {
+    return c.isLetterOrNumber() || c.isSurrogate() || c == u'_' || c == u'+';
+}
+
+/// A sentence of another script may run into a mailbox of ASCII: "请发邮件至a@b.cn".
+qsizetype withoutLeadingScript(QStringView text, qsizetype start, qsizetype at) {
+    const auto isEastAsian = [](QChar c) { return c >= QChar(0x2E80) && c <= QChar(0xD7FF); };
+    qsizetype cut = at;
+    while (cut > start && !isEastAsian(text[cut - 1]))
+        --cut;
+    return cut < at ? cut : start;
+}
+
 qsizetype startOfLocalPart(QStringView text, qsizetype at, qsizetype from) {
     constexpr qsizetype mostUnits = 64;
     qsizetype start = at;
@@ -28,10 +41,9 @@ qsizetype startOfLocalPart(QStringView text, qsizetype at, qsizetype from) {
         if (const auto last = text.sliced(start, at - start).lastIndexOf(separator);
             last >= 0 && (separator != u'\'' || last == 0) && (separator != u'&' || last == 0))
             start += last + 1;
-    while (start < at && !isLetterOrDigit(text[start]) && text[start] != u'_' &&
-           text[start] != u'+')
+    while (start < at && !startsMailbox(text[start]))
         ++start;
-    return start;
+    return withoutLeadingScript(text, start, at);
 }
 
 bool isLocalPart(QStringView local) {
