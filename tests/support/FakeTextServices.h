@@ -8,7 +8,7 @@
 namespace quorvel::testing {
 
 /// Finds what it was told to find.
-class FakeTextServices final : public TextServices, DataDetector, PersonNameTagger {
+class FakeTextServices final : public TextServices, public DataDetector, public PersonNameTagger {
 public:
     const DataDetector& dataDetector() const override { return *this; }
     const PersonNameTagger& nameTagger() const override { return *this; }

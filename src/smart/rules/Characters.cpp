@@ -1,20 +1,8 @@
 #include "smart/rules/Characters.h"
 
-#include <array>
-
 namespace quorvel {
 
 namespace {
-
-constexpr char32_t asciiEnd = 0x80;
-
-constexpr auto asciiWordCharacters = [] {
-    std::array<bool, asciiEnd> table{};
-    for (char32_t c = 0; c < asciiEnd; ++c)
-        table[c] = (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') ||
-                   (c >= U'a' && c <= U'z') || c == U'_';
-    return table;
-}();
 
 bool isLetterNumber(char32_t c) {
     return QChar::category(c) == QChar::Number_Letter;
@@ -79,7 +67,7 @@ bool isPatternSpace(QChar character) {
     return category >= QChar::Separator_Space && category <= QChar::Separator_Paragraph;
 }
 
-bool isWordBoundary(QStringView text, qsizetype position) {
+bool isWordBoundaryAnywhere(QStringView text, qsizetype position) {
     bool isWordAfter = false;
     if (position < text.size()) {
         const char32_t character = characterAt(text, position);

@@ -68,6 +68,13 @@ private:
     int m_count = 0;
 };
 
+qsizetype nextDigit(QStringView text, qsizetype position) {
+    const char16_t* units = text.utf16();
+    while (position < text.size() && !isDecimalDigit(units[position]))
+        ++position;
+    return position;
+}
+
 qsizetype endOfDigits(QStringView text, qsizetype start) {
     while (start < text.size() && isDecimalDigit(text[start]))
         ++start;
@@ -126,7 +133,11 @@ bool isUUIDAt(QStringView text, qsizetype start) {
 
 /// Where the run of letters and digits ends; decimal digits of other scripts count.
 qsizetype endOfLettersAndDigits(QStringView text, qsizetype start) {
-    while (start < text.size() && (isAsciiLetter(text[start]) || isDecimalDigit(text[start])))
+    const char16_t* units = text.utf16();
+    const auto isInside = [](char16_t unit) {
+        return unit < asciiEnd ? asciiWordCharacters[unit] && unit != u'_' : isDecimalDigit(unit);
+    };
+    while (start < text.size() && isInside(units[start]))
         ++start;
     return start;
 }
@@ -144,11 +155,8 @@ bool isIBAN(QStringView run) {
 } // namespace
 
 QString cardDigits(QStringView text) {
-    for (qsizetype position = 0; position < text.size();) {
-        if (!isDecimalDigit(text[position])) {
-            ++position;
-            continue;
-        }
+    for (qsizetype position = nextDigit(text, 0); position < text.size();
+         position = nextDigit(text, position)) {
         qsizetype end = 0;
         const QStringView digits = isWordBoundary(text, position)
                                        ? DigitGroups(text, position).longest(end)

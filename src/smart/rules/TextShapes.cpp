@@ -19,6 +19,11 @@ bool followsKeyword(QStringView before) {
                        [&](QStringView keyword) { return before.endsWith(keyword); });
 }
 
+/// Saves most words the comparison.
+bool endsLikeKeyword(QChar last) {
+    return last == u'c' || last == u't' || last == u'r' || last == u's';
+}
+
 bool isCodeMarkAt(QStringView text, qsizetype i) {
     const QChar next = i + 1 < text.size() ? text[i + 1] : QChar();
     switch (text[i].unicode()) {
@@ -32,7 +37,7 @@ bool isCodeMarkAt(QStringView text, qsizetype i) {
     case u'<':
         return next == u'/';
     case u' ':
-        return i >= 3 && followsKeyword(text.first(i));
+        return i >= 3 && endsLikeKeyword(text[i - 1]) && followsKeyword(text.first(i));
     default:
         return false;
     }
@@ -92,8 +97,9 @@ bool isLikelySingleValue(QStringView text) {
 }
 
 bool looksLikeCode(QStringView text) {
+    const char16_t* units = text.utf16();
     for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
+        const char16_t unit = units[i];
         if (unit < codeAnchors.size() && codeAnchors[unit] && isCodeMarkAt(text, i))
             return true;
     }

@@ -6,20 +6,21 @@ namespace quorvel {
 
 namespace {
 
-bool isSpace(QChar c) {
-    return c.unicode() < 0x80 ? c == u' ' || (c >= u'\t' && c <= u'\r') : c.isSpace();
+bool isSpace(char16_t unit) {
+    return unit < 0x80 ? unit == u' ' || (unit >= u'\t' && unit <= u'\r') : QChar::isSpace(unit);
 }
 
 } // namespace
 
 QList<QStringView> words(QStringView text, qsizetype most) {
     QList<QStringView> found;
+    const char16_t* units = text.utf16();
     qsizetype position = 0;
     while (position < text.size() && found.size() < most) {
-        while (position < text.size() && isSpace(text[position]))
+        while (position < text.size() && isSpace(units[position]))
             ++position;
         const qsizetype start = position;
-        while (position < text.size() && !isSpace(text[position]))
+        while (position < text.size() && !isSpace(units[position]))
             ++position;
         if (position > start)
             found.append(text.sliced(start, position - start));
