@@ -160,6 +160,7 @@ void AppDelegate::wireControl() {
                                       .preferences = m_preferenceStore,
                                       .history = m_history,
                                       .historyStore = m_historyStore,
+                                      .smartFolders = m_smartFolders,
                                       .watcher = m_watcher,
                                       .focus = m_focusTracker,
                                       .pasteEngine = m_pasteEngine,

@@ -78,6 +78,15 @@ QJsonArray setAsideFiles(const ControlledParts& parts) {
     return files;
 }
 
+/// How many clips each folder has; folders without any are left out.
+QJsonObject smartFolders(const SmartFolderClipboard& folders) {
+    QJsonObject object;
+    for (const SmartFolderKind folder : allSmartFolders())
+        if (const auto& entries = folders.entries(folder); !entries.isEmpty())
+            object.insert(rawName(folder), entries.size());
+    return object;
+}
+
 QJsonObject problems(const ControlledParts& parts) {
     QJsonObject object;
     if (!parts.historyStore.saveProblem().isEmpty())
@@ -98,6 +107,7 @@ QJsonObject statusReport(const ControlledParts& parts) {
         {QStringLiteral("canPostKeys"), parts.adapters.keyPoster.isTrusted()},
         {QStringLiteral("hotKeys"), hotKeys(parts.hotKeys)},
         {QStringLiteral("clips"), parts.history.recentClipboard().size()},
+        {QStringLiteral("smartFolders"), smartFolders(parts.smartFolders)},
         {QStringLiteral("changes"), changes(parts.adapters.pasteboard)},
         {QStringLiteral("setAsideFiles"), setAsideFiles(parts)},
         {QStringLiteral("problems"), problems(parts)},

@@ -33,6 +33,40 @@ TEST_F(SmokeTest, copiesAreListedNewestFirstAndQuitEndsTheProgram) {
     EXPECT_FALSE(afterwards.errors.isEmpty()) << "a clear message when nothing runs";
 }
 
+TEST_F(SmokeTest, copiesAreRecognisedAndFiled) {
+    startDesktop(TrayHost::none);
+    ASSERT_TRUE(startProgram()) << program().errors().constData();
+    copyWithXclip("https://example.org/a");
+    ASSERT_TRUE(waitUntil([&] { return clips().size() == 1; }));
+    copyWithXclip("+49 30 901820");
+    ASSERT_TRUE(waitUntil([&] { return clips().size() == 2; }));
+    const QJsonArray listed = clips();
+    EXPECT_EQ(listed.at(0)[QStringLiteral("tags")].toArray(), QJsonArray{QStringLiteral("phone")});
+    EXPECT_EQ(listed.at(1)[QStringLiteral("tags")].toArray(), QJsonArray{QStringLiteral("url")});
+    const QJsonObject folders{{QStringLiteral("links"), 1}, {QStringLiteral("phones"), 1}};
+    EXPECT_EQ(status()[QStringLiteral("smartFolders")].toObject(), folders);
+}
+
+TEST_F(SmokeTest, detectionAnswersEachLineAndGoesOnAfterABadOne) {
+    startDesktop(TrayHost::none);
+    const ProgramResult result =
+        control({QStringLiteral("detect"), QStringLiteral("--region"), QStringLiteral("DE")},
+                "\"030 901820\"\nno json\n\"password: hunter2\"\n");
+    EXPECT_EQ(result.exitCode, 0) << result.errors.constData();
+    const QByteArrayList lines = result.output.trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 3);
+    const auto answer = [&](int i) { return QJsonDocument::fromJson(lines.at(i)).object(); };
+    EXPECT_EQ(answer(0)[QStringLiteral("tags")].toArray(), QJsonArray{QStringLiteral("phone")});
+    const QJsonObject match = answer(0)[QStringLiteral("matches")].toArray().at(0).toObject();
+    EXPECT_EQ(match[QStringLiteral("value")].toString(), QStringLiteral("+4930901820"));
+    EXPECT_EQ(match[QStringLiteral("length")].toInt(), 10);
+    EXPECT_TRUE(answer(0)[QStringLiteral("masked")].isNull());
+    EXPECT_TRUE(answer(0)[QStringLiteral("micros")].isDouble());
+    EXPECT_TRUE(answer(1).contains(QStringLiteral("error")));
+    EXPECT_EQ(answer(2)[QStringLiteral("masked")].toString(),
+              QStringLiteral("password: \u2022\u2022\u2022\u2022\u2022\u2022"));
+}
+
 TEST_F(SmokeTest, textFromTheControlToolReachesOtherPrograms) {
     startDesktop(TrayHost::none);
     ASSERT_TRUE(startProgram()) << program().errors().constData();

@@ -157,11 +157,14 @@ bool isIBAN(QStringView run) {
 QString cardDigits(QStringView text) {
     for (qsizetype position = nextDigit(text, 0); position < text.size();
          position = nextDigit(text, position)) {
+        if (!isWordBoundary(text, position)) {
+            position = endOfDigits(text, position);
+            continue;
+        }
+        const DigitGroups groups(text, position);
         qsizetype end = 0;
-        const QStringView digits = isWordBoundary(text, position)
-                                       ? DigitGroups(text, position).longest(end)
-                                       : QStringView();
-        if (passesLuhn(digits) && !digits.isEmpty())
+        const QStringView digits = groups.longest(end);
+        if (!digits.isEmpty() && passesLuhn(digits))
             return digits.toString();
         position = digits.isEmpty() ? endOfDigits(text, position) : end;
     }
