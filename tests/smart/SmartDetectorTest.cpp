@@ -2,6 +2,7 @@
 #include "corpus/Judgement.h"
 
 #include "smart/SmartDetector.h"
+#include "smart/masking/SecretMasker.h"
 
 #include <gtest/gtest.h>
 
@@ -78,6 +79,15 @@ TEST(SmartPluginRegistryDeathTest, TwoPluginsForOneFolderEndTheProcess) {
     twice.push_back(std::move(makeFolderPlugins().front()));
     EXPECT_DEATH(SmartPluginRegistry(makeTypePlugins(), std::move(twice)),
                  "Duplicate values for key: 'screenshots'");
+}
+
+/// Whatever stands between the arguments of a command, reading them comes to an end.
+TEST(SecretMasker, EndsForEveryUnitInACommand) {
+    const QString command = QStringLiteral("redis-cli -a 9ZzAmVuWyd6rn%1 ping");
+    int touched = 0;
+    for (int unit = 0; unit <= 0xFFFF; ++unit)
+        touched += maskedSecrets(command.arg(QChar(unit))).contains(QChar(0x2022)) ? 1 : 0;
+    EXPECT_GT(touched, 0xF000);
 }
 
 /// The least that detection must reach on the labelled texts, a little below what it does.

@@ -163,8 +163,10 @@ private:
             if (at >= limit || endsCommand(m_text[at]))
                 break;
             const qsizetype end = argumentEnd(m_text, at, limit);
-            m_arguments.append({at, end});
-            at = end;
+            if (end > at)
+                m_arguments.append({at, end});
+            // What neither is skipped above nor begins an argument must not stop the walk.
+            at = qMax(end, at + 1);
         }
         m_end = at;
     }

@@ -4,6 +4,8 @@
 #include "platform/text/names/NoNameWords.h"
 #include "platform/text/names/WordList.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 

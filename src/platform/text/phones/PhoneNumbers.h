@@ -2,6 +2,7 @@
 
 #include "platform/text/Region.h"
 
+#include <QList>
 #include <QString>
 
 namespace quorvel {
