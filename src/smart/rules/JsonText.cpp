@@ -12,6 +12,14 @@ namespace {
 /// As deep as the parsers go that such a text is meant for.
 constexpr std::size_t deepest = 512;
 
+/// What needs no second look inside a string.
+constexpr auto plainInString = [] {
+    std::array<bool, asciiEnd> table{};
+    for (char16_t c = u' '; c < asciiEnd; ++c)
+        table[c] = c != u'"' && c != u'\\';
+    return table;
+}();
+
 /// Walks over one document; what is open is kept as one bit a level.
 class JsonWalk {
 public:
@@ -136,6 +144,10 @@ private:
         if (!skip(u'"'))
             return false;
         while (m_at < m_end) {
+            if (*m_at < asciiEnd && plainInString[*m_at]) {
+                ++m_at;
+                continue;
+            }
             const char16_t unit = *m_at++;
             if (unit == u'"')
                 return true;

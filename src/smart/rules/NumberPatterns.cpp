@@ -1,6 +1,6 @@
 #include "smart/rules/NumberPatterns.h"
 
-#include "smart/rules/Characters.h"
+#include "smart/rules/Runs.h"
 
 #include <algorithm>
 #include <array>
@@ -68,17 +68,21 @@ private:
     int m_count = 0;
 };
 
-qsizetype nextDigit(QStringView text, qsizetype position) {
-    const char16_t* units = text.utf16();
-    while (position < text.size() && !isDecimalDigit(units[position]))
+struct DigitsAndSeparators {
+    static bool isPlainly(char16_t unit) {
+        return Digits::isPlainly(unit) | (unit == u' ') | (unit == u'-');
+    }
+    static bool contains(char16_t unit) { return isPlainly(unit) || Digits::contains(unit); }
+};
+
+qsizetype nextDigit(QStringView text, qsizetype position, qsizetype end) {
+    while (position < end && !isDecimalDigit(text[position]))
         ++position;
     return position;
 }
 
 qsizetype endOfDigits(QStringView text, qsizetype start) {
-    while (start < text.size() && isDecimalDigit(text[start]))
-        ++start;
-    return start;
+    return endOfRun<Digits>(text, start);
 }
 
 /// 25[0-5] | 2[0-4]\d | 1\d\d | [1-9]?\d
@@ -131,55 +135,51 @@ bool isUUIDAt(QStringView text, qsizetype start) {
     return isWordBoundary(text, start) && isWordBoundary(text, position);
 }
 
-/// Where the run of letters and digits ends; decimal digits of other scripts count.
-qsizetype endOfLettersAndDigits(QStringView text, qsizetype start) {
-    const char16_t* units = text.utf16();
-    const auto isInside = [](char16_t unit) {
-        return unit < asciiEnd ? asciiWordCharacters[unit] && unit != u'_' : isDecimalDigit(unit);
-    };
-    while (start < text.size() && isInside(units[start]))
-        ++start;
-    return start;
-}
+constexpr qsizetype ibanHead = 4;
+constexpr qsizetype fewestIBANUnits = ibanHead + 10;
+constexpr qsizetype mostIBANUnits = ibanHead + 30;
 
 bool isIBAN(QStringView run) {
-    constexpr qsizetype head = 4;
-    constexpr qsizetype fewest = head + 10;
-    constexpr qsizetype most = head + 30;
-    return run.size() >= fewest && run.size() <= most && isAsciiLetter(run[0]) &&
+    return run.size() >= fewestIBANUnits && run.size() <= mostIBANUnits && isAsciiLetter(run[0]) &&
            isAsciiLetter(run[1]) && isDecimalDigit(run[2]) && isDecimalDigit(run[3]) &&
-           std::all_of(run.begin() + head, run.end(),
+           std::all_of(run.begin() + ibanHead, run.end(),
                        [](QChar c) { return isAsciiDigit(c) || isAsciiLetter(c); });
 }
 
-} // namespace
-
-QString cardDigits(QStringView text) {
-    for (qsizetype position = nextDigit(text, 0); position < text.size();
-         position = nextDigit(text, position)) {
+/// The digits of the first valid card number that begins between `position` and `end`.
+QString cardDigitsBetween(QStringView text, qsizetype position, qsizetype end) {
+    for (position = nextDigit(text, position, end); position < end;
+         position = nextDigit(text, position, end)) {
         if (!isWordBoundary(text, position)) {
             position = endOfDigits(text, position);
             continue;
         }
         const DigitGroups groups(text, position);
-        qsizetype end = 0;
-        const QStringView digits = groups.longest(end);
+        qsizetype groupsEnd = 0;
+        const QStringView digits = groups.longest(groupsEnd);
         if (!digits.isEmpty() && passesLuhn(digits))
             return digits.toString();
-        position = digits.isEmpty() ? endOfDigits(text, position) : end;
+        position = digits.isEmpty() ? endOfDigits(text, position) : groupsEnd;
     }
     return {};
 }
 
+} // namespace
+
+QString cardDigits(QStringView text) {
+    QString found;
+    anyRun<DigitsAndSeparators>(text, fewestCardDigits, [&](qsizetype start, qsizetype end) {
+        found = cardDigitsBetween(text, start, end);
+        return !found.isEmpty();
+    });
+    return found;
+}
+
 bool hasIBANCandidate(QStringView text) {
-    for (qsizetype start = 0; start < text.size();) {
-        const qsizetype end = endOfLettersAndDigits(text, start);
-        if (isIBAN(text.sliced(start, end - start)) && isWordBoundary(text, start) &&
-            isWordBoundary(text, end))
-            return true;
-        start = end + 1;
-    }
-    return false;
+    return anyRun<LettersAndDigits>(text, fewestIBANUnits, [&](qsizetype start, qsizetype end) {
+        return isIBAN(text.sliced(start, end - start)) && isWordBoundary(text, start) &&
+               isWordBoundary(text, end);
+    });
 }
 
 bool hasIPv4Candidate(QStringView text) {

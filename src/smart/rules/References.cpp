@@ -1,6 +1,6 @@
 #include "smart/rules/References.h"
 
-#include "smart/rules/Characters.h"
+#include "smart/rules/Runs.h"
 
 #include <QUrl>
 
@@ -62,12 +62,12 @@ QStringView numberAt(QStringView text, qsizetype position) {
     return isWhole ? text.sliced(position, end - position) : QStringView();
 }
 
+using AllButLabelEnds = AllBut<u'R', u'r'>;
+
 QString labelledNumber(QStringView text) {
-    for (qsizetype i = 1; i < text.size(); ++i) {
-        const bool isLabel = (text[i] == u'R' || text[i] == u'r') &&
-                             QStringView(u"PpMm").contains(text[i - 1]) &&
-                             isWordBoundary(text, i - 1);
-        if (!isLabel)
+    for (qsizetype i = endOfRun<AllButLabelEnds>(text, 1); i < text.size();
+         i = endOfRun<AllButLabelEnds>(text, i + 1)) {
+        if (!QStringView(u"PpMm").contains(text[i - 1]) || !isWordBoundary(text, i - 1))
             continue;
         const QStringView number = numberAt(text, i + 1);
         if (!number.isEmpty())

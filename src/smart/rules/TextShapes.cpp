@@ -1,6 +1,7 @@
 #include "smart/rules/TextShapes.h"
 
 #include "foundation/CodePoints.h"
+#include "smart/rules/Runs.h"
 #include "smart/rules/Words.h"
 
 #include <algorithm>
@@ -43,13 +44,8 @@ bool isCodeMarkAt(QStringView text, qsizetype i) {
     }
 }
 
-/// The characters of the basic Latin block that can begin or end a mark of code.
-constexpr auto codeAnchors = [] {
-    std::array<bool, 128> table{};
-    for (const char c : {'{', '}', ';', '=', '/', '<', ' '})
-        table[std::size_t(c)] = true;
-    return table;
-}();
+/// What neither begins nor ends a mark of code.
+using PlainCharacters = AllBut<u'{', u'}', u';', u'=', u'/', u'<', u' '>;
 
 bool isForbiddenInName(QChar c) {
     return QStringView(u".,;:/\\_#%&*+=[]{}()<>\"@\n").contains(c) || c.isDigit();
@@ -97,12 +93,10 @@ bool isLikelySingleValue(QStringView text) {
 }
 
 bool looksLikeCode(QStringView text) {
-    const char16_t* units = text.utf16();
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = units[i];
-        if (unit < codeAnchors.size() && codeAnchors[unit] && isCodeMarkAt(text, i))
+    for (qsizetype i = endOfRun<PlainCharacters>(text, 0); i < text.size();
+         i = endOfRun<PlainCharacters>(text, i + 1))
+        if (isCodeMarkAt(text, i))
             return true;
-    }
     return false;
 }
 

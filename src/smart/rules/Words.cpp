@@ -1,14 +1,21 @@
 #include "smart/rules/Words.h"
 
 #include "foundation/Text.h"
+#include "smart/rules/Runs.h"
 
 namespace quorvel {
 
 namespace {
 
 bool isSpace(char16_t unit) {
-    return unit < 0x80 ? unit == u' ' || (unit >= u'\t' && unit <= u'\r') : QChar::isSpace(unit);
+    return unit < asciiEnd ? unit == u' ' || (unit >= u'\t' && unit <= u'\r')
+                           : QChar::isSpace(unit);
 }
+
+struct WordUnits {
+    static bool isPlainly(char16_t unit) { return char16_t(unit - u'!') < asciiEnd - u'!'; }
+    static bool contains(char16_t unit) { return !isSpace(unit); }
+};
 
 } // namespace
 
@@ -20,8 +27,7 @@ QList<QStringView> words(QStringView text, qsizetype most) {
         while (position < text.size() && isSpace(units[position]))
             ++position;
         const qsizetype start = position;
-        while (position < text.size() && !isSpace(units[position]))
-            ++position;
+        position = endOfRun<WordUnits>(text, position);
         if (position > start)
             found.append(text.sliced(start, position - start));
     }
