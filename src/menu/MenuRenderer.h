@@ -13,7 +13,8 @@ struct MenuChoice {
 };
 
 /// Draws one menu tree at a time and tells what the user did with it. Holds no rule: what stands
-/// in the tree is shown. Never takes the input focus from the program in front.
+/// in the tree is shown. Never takes the input focus from the program in front. When the tree has a
+/// search field, what is typed goes there, wherever the highlight is.
 class MenuRenderer : public QObject {
     Q_OBJECT
 
@@ -21,7 +22,8 @@ public:
     /// Shows the tree at the pointer, wholly on one screen.
     virtual void open(const QList<MenuItem>& tree) = 0;
 
-    /// Replaces what the open menu shows, in place; nothing when it is closed.
+    /// Replaces what the open menu shows, in place: the highlight stays on its item, an open submenu
+    /// with its item, the typed text in the search field. Nothing when it is closed.
     virtual void update(const QList<MenuItem>& tree) = 0;
 
     /// Gives a lazy submenu its items, by its identifier.
@@ -43,8 +45,14 @@ public:
     virtual Modifiers currentModifiers() const = 0;
 
 signals:
-    /// A lazy submenu is about to be shown.
+    /// A lazy submenu is about to be shown; whoever fills it may do so at once or later.
     void submenuOpening(const QString& identifier);
+
+    /// The user has changed the text of the search field.
+    void searchChanged(const QString& query);
+
+    /// A modifier key went down or up while the menu is open.
+    void modifiersChanged(quorvel::Modifiers held);
 
     /// The first frame of the open menu is on the screen.
     void painted();

@@ -76,7 +76,7 @@ void StatusMenuController::act(const MenuChoice& choice) {
         return emit openGeneralSettingsChosen();
     case MenuAction::quit:
         return emit quitChosen();
-    case MenuAction::none:
+    default:
         return;
     }
 }
