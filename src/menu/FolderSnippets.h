@@ -1,0 +1,62 @@
+#pragma once
+
+#include "smart/SmartDetector.h"
+#include "smart/SmartFolderKind.h"
+#include "snippets/SnippetStore.h"
+
+#include <QHash>
+
+namespace quorvel {
+
+/// Where a snippet stands; the group is null for one at the root.
+struct SnippetSource {
+    QUuid group;
+    QUuid snippet;
+};
+
+/// Which snippets belong into which smart folder, by what their texts are. Each text is looked at
+/// once; all answers are true to the library as it is now.
+class FolderSnippets {
+public:
+    FolderSnippets(const SnippetStore& store, const SmartDetector& detector,
+                   const SmartPluginRegistry& registry);
+
+    /// In the library's order: root snippets, then the groups'.
+    const QList<SnippetSource>& of(SmartFolderKind folder) const;
+
+    /// Looks at some more of the texts that are not known yet; false when all are.
+    bool prepareSome(int count);
+
+    /// To be called when the library has changed.
+    void invalidate();
+
+private:
+    struct Known {
+        QString text; ///< Shares the snippet's memory.
+        QList<SmartFolderKind> folders;
+    };
+
+    const QList<SmartFolderKind>& foldersOf(const Snippet& snippet) const;
+    bool isKnown(const Snippet& snippet) const;
+    void collect() const;
+
+    const SnippetStore& m_store;
+    const SmartDetector& m_detector;
+    const SmartPluginRegistry& m_registry;
+    mutable QHash<QUuid, Known> m_known;
+    mutable QHash<SmartFolderKind, QList<SnippetSource>> m_sources;
+    mutable bool m_isCurrent = false;
+};
+
+/// Calls `use(snippet, group)` for every snippet of the library, in its order; the group is null at
+/// the root.
+template <typename Use>
+void forEachSnippet(const SnippetStore& store, const Use& use) {
+    for (const Snippet& snippet : store.rootSnippets())
+        use(snippet, QUuid());
+    for (const SnippetGroup& group : store.groups())
+        for (const Snippet& snippet : group.snippets)
+            use(snippet, group.id);
+}
+
+} // namespace quorvel
