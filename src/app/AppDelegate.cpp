@@ -2,7 +2,10 @@
 
 #include "app/ControlCommands.h"
 #include "control/ControlClient.h"
+#include "foundation/DataFolder.h"
 #include "foundation/Log.h"
+
+#include <QFileInfo>
 
 namespace quorvel {
 
@@ -20,6 +23,8 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_preferenceStore(m_environment.paths.preferencesFile, m_environment.clock,
                         m_environment.disk)
     , m_preferences(m_preferenceStore)
+    , m_store(m_environment.paths.snippetsFile, m_environment.clock, m_environment.mainQueue,
+              m_environment.disk)
     , m_detector(m_smartPluginRegistry, m_adapters.textServices.dataDetector(),
                  m_adapters.textServices.nameTagger())
     , m_history(m_preferences, m_environment.clock)
@@ -36,6 +41,7 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
              m_history, m_watcher, m_adapters.menu) {
     wireMenu();
     wirePaste();
+    wireStores();
     wireControl();
 }
 
@@ -57,6 +63,8 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("accessibility trust"), [this] { logAccessibilityTrust(); }},
         {QStringLiteral("status item"),
          [&] { m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip"))); }},
+        {QStringLiteral("data folder"), [this] { prepareFolder(); }},
+        {QStringLiteral("snippets"), [this] { m_store.load(); }},
         {QStringLiteral("history"),
          [this] {
              m_historyStore.load();
@@ -93,6 +101,7 @@ QList<LaunchStep> AppDelegate::terminationSteps() {
              m_focusTracker.stop();
          }},
         {QStringLiteral("history"), [this] { m_historyStore.writeNow(); }},
+        {QStringLiteral("snippets"), [this] { m_store.saveNow(); }},
         {QStringLiteral("menu"), [this] { m_menu.close(); }},
         {QStringLiteral("hot keys"), [this] { m_hotKeys.unregisterAll(); }},
     };
@@ -111,6 +120,11 @@ bool AppDelegate::guardSingleInstance() {
         return true;
     sendControlRequest(m_environment.paths.controlSocket, {QStringLiteral("show"), {}});
     return false;
+}
+
+void AppDelegate::prepareFolder() const {
+    const DataPaths& paths = m_environment.paths;
+    prepareDataFolder(QFileInfo(paths.snippetsFile).path(), paths.formerDataFolder);
 }
 
 void AppDelegate::logAccessibilityTrust() const {
@@ -134,8 +148,13 @@ void AppDelegate::wireMenu() {
     connect(&m_menu, &StatusMenuController::openGeneralSettingsChosen, this,
             &AppDelegate::openGeneralSettings);
     connect(&m_menu, &StatusMenuController::quitChosen, this, &AppDelegate::quitRequested);
+}
+
+void AppDelegate::wireStores() {
     connect(&m_historyStore, &HistoryStore::saveProblemChanged, this,
             &AppDelegate::reportSaveProblem);
+    connect(&m_store, &SnippetStore::saveProblemChanged, this, &AppDelegate::reportSaveProblem);
+    connect(&m_store, &SnippetStore::creationNotSaved, this, &AppDelegate::reportUnsavedCreation);
 }
 
 void AppDelegate::wirePaste() {
@@ -160,6 +179,7 @@ void AppDelegate::wireControl() {
                                       .preferences = m_preferenceStore,
                                       .history = m_history,
                                       .historyStore = m_historyStore,
+                                      .store = m_store,
                                       .smartFolders = m_smartFolders,
                                       .watcher = m_watcher,
                                       .focus = m_focusTracker,
@@ -195,7 +215,20 @@ void AppDelegate::setClosingKey() {
 }
 
 void AppDelegate::reportSaveProblem() {
-    m_menu.setSaveProblem(m_historyStore.saveProblem());
+    m_menu.setSaveProblem(m_historyStore.saveProblem().isEmpty() ? m_store.saveProblem()
+                                                                 : m_historyStore.saveProblem());
+}
+
+void AppDelegate::reportUnsavedCreation(SnippetCreation creation, const QString& reason) {
+    const StringTable& strings = m_environment.strings;
+    if (creation == SnippetCreation::group)
+        m_adapters.desktop.showMessage(
+            strings.text(QStringLiteral("error.createGroup.title")),
+            strings.format(QStringLiteral("error.createGroup.message"), reason));
+    else
+        m_adapters.desktop.showMessage(
+            strings.text(QStringLiteral("error.createSnippet.title")),
+            strings.format(QStringLiteral("error.createSnippet.message"), reason));
 }
 
 } // namespace quorvel

@@ -13,6 +13,7 @@
 #include "paste/PasteEngine.h"
 #include "smart/SmartDetector.h"
 #include "smart/masking/ShownTexts.h"
+#include "snippets/SnippetStore.h"
 
 #include <QObject>
 
@@ -44,6 +45,7 @@ public:
     void applicationWillTerminate();
 
     const ClipboardHistory& history() const { return m_history; }
+    const SnippetStore& store() const { return m_store; }
 
 signals:
     /// A step of the start or the end is done.
@@ -54,6 +56,7 @@ signals:
 
 private:
     bool guardSingleInstance();
+    void prepareFolder() const;
     void logAccessibilityTrust() const;
     QList<LaunchStep> launchSteps();
     QList<LaunchStep> terminationSteps();
@@ -61,10 +64,12 @@ private:
 
     void wireMenu();
     void wirePaste();
+    void wireStores();
     void wireControl();
     void openGeneralSettings();
     void reportPost(PostOutcome outcome);
     void reportSaveProblem();
+    void reportUnsavedCreation(SnippetCreation creation, const QString& reason);
     void setClosingKey();
 
     Environment m_environment;
@@ -72,6 +77,7 @@ private:
     InstanceLock m_instanceLock;
     PreferenceStore m_preferenceStore;
     Preferences m_preferences;
+    SnippetStore m_store;
     SmartPluginRegistry m_smartPluginRegistry;
     SmartDetector m_detector;
     ClipboardHistory m_history;

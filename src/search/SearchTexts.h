@@ -30,7 +30,7 @@ public:
     static QByteArray foldedForm(const QString& text);
 
     /// Of a longer text only the beginning is searched.
-    static constexpr qsizetype mostUnits = 4 * 1024 * 1024;
+    static constexpr qsizetype mostUnits = 1024 * 1024;
 
     /// Bytes of what is kept; beyond, texts are worked out again when they are searched.
     static constexpr qsizetype mostBytes = 32 * 1024 * 1024;

@@ -23,6 +23,8 @@ struct Program {
     explicit Program(const QString& home)
         : paths{home + QStringLiteral("/data/clipboard-history.json"),
                 home + QStringLiteral("/data/clipboard-history.journal"),
+                home + QStringLiteral("/data/snippets.json"),
+                home + QStringLiteral("/former"),
                 home + QStringLiteral("/config/preferences.json"),
                 home + QStringLiteral("/run"),
                 home + QStringLiteral("/run/control"),
@@ -79,7 +81,8 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
                      [&](const QString& name) { steps.append(name); });
     ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
     EXPECT_EQ(steps.join(u'|'),
-              QStringLiteral("preferences|accessibility trust|status item|history|"
+              QStringLiteral("preferences|accessibility trust|status item|"
+                             "data folder|snippets|history|"
                              "pasteboard watcher|focus tracker|hot keys|menu|"
                              "control socket"));
     EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
@@ -90,7 +93,7 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
     program.delegate.applicationWillTerminate();
     EXPECT_EQ(steps.join(u'|'),
               QStringLiteral("control socket|pasteboard watcher and focus tracker|"
-                             "history|menu|hot keys"));
+                             "history|snippets|menu|hot keys"));
     EXPECT_EQ(program.hotKeys.registrationCount(), 0);
 }
 

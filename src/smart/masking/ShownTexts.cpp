@@ -24,11 +24,15 @@ QString ShownTexts::shown(const QUuid& id, const QString& text) const {
     const auto known = m_masked.constFind(id);
     if (known != m_masked.constEnd())
         return known->isEmpty() ? text : *known;
-    const QString masked = isLong(text) ? maskedEnds(text) : maskedSecrets(text);
+    const QString masked = worked(text);
     if (m_masked.size() >= mostRemembered)
         m_masked.clear();
     m_masked.insert(id, masked == text ? QString() : masked);
     return masked;
+}
+
+QString ShownTexts::worked(const QString& text) {
+    return isLong(text) ? maskedEnds(text) : maskedSecrets(text);
 }
 
 } // namespace quorvel

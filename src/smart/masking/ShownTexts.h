@@ -13,6 +13,9 @@ public:
     /// A clip's text never changes, so its identifier stands for it.
     QString shown(const QUuid& id, const QString& text) const;
 
+    /// The same for a text that is nobody's clip.
+    static QString worked(const QString& text);
+
     static constexpr qsizetype headUnits = 3072;
     static constexpr qsizetype tailUnits = 1024;
 
