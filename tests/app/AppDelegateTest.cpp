@@ -7,6 +7,7 @@
 #include "clipboard/EntryCoder.h"
 #include "control/ControlClient.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QSignalSpy>
@@ -80,11 +81,10 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
     QObject::connect(&program.delegate, &AppDelegate::stepDone,
                      [&](const QString& name) { steps.append(name); });
     ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
-    EXPECT_EQ(steps.join(u'|'),
-              QStringLiteral("preferences|accessibility trust|status item|"
-                             "data folder|snippets|history|"
-                             "pasteboard watcher|focus tracker|hot keys|menu|"
-                             "control socket"));
+    EXPECT_EQ(steps.join(u'|'), QStringLiteral("preferences|accessibility trust|status item|"
+                                               "data folder|snippets|history|"
+                                               "pasteboard watcher|focus tracker|hot keys|menu|"
+                                               "control socket"));
     EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
     program.mainQueue.advance(1s);
     EXPECT_EQ(program.menu.warmUps, 1);
@@ -112,6 +112,21 @@ TEST_F(AppDelegateTest, ACopyDuringTheStartLandsOnTheLoadedHistory) {
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries.first().text, QStringLiteral("early"));
     EXPECT_EQ(entries.last().text, QStringLiteral("stored"));
+}
+
+TEST_F(AppDelegateTest, TheLibraryOfTheFormerFolderIsKept) {
+    const QDir root(home.path());
+    ASSERT_TRUE(root.mkpath(QStringLiteral("former")));
+    QFile library(root.filePath(QStringLiteral("former/snippets.json")));
+    ASSERT_TRUE(library.open(QIODevice::WriteOnly));
+    library.write(R"({"groups": [], "rootSnippets": [
+        {"id": "0D3B7A52-6C1E-4E0B-9F55-2A6F9C3D1E01", "title": "t", "text": "x"}]})");
+    library.close();
+    Program program(home.path());
+    ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
+    ASSERT_EQ(program.delegate.store().rootSnippets().size(), 1);
+    EXPECT_EQ(program.delegate.store().rootSnippets().first().text, QStringLiteral("x"));
+    EXPECT_FALSE(root.exists(QStringLiteral("former")));
 }
 
 TEST_F(AppDelegateTest, ASecondInstanceShowsTheFirstAndEnds) {
