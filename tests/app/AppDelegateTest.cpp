@@ -129,6 +129,23 @@ TEST_F(AppDelegateTest, TheLibraryOfTheFormerFolderIsKept) {
     EXPECT_FALSE(root.exists(QStringLiteral("former")));
 }
 
+TEST_F(AppDelegateTest, ANewSnippetThatIsNotOnTheDiskIsTold) {
+    QFile blocker(home.filePath(QStringLiteral("data")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    program.delegate.store().addGroup(QStringLiteral("G"));
+    program.mainQueue.settle();
+    program.delegate.store().addFromClipboard(QStringLiteral("s"));
+    program.mainQueue.settle();
+    ASSERT_EQ(program.desktop.messages.size(), 2);
+    EXPECT_NE(program.desktop.messages.first(), program.desktop.messages.last());
+    const QJsonObject status = ask(program, QStringLiteral("status")).result.toObject();
+    EXPECT_TRUE(
+        status.value(QStringLiteral("problems")).toObject().contains(QStringLiteral("snippets")));
+    EXPECT_EQ(status.value(QStringLiteral("snippets")), QJsonValue(1));
+}
+
 TEST_F(AppDelegateTest, ASecondInstanceShowsTheFirstAndEnds) {
     Program first(home.path());
     ASSERT_TRUE(first.delegate.applicationDidFinishLaunching());

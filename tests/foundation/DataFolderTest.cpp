@@ -76,12 +76,14 @@ TEST_F(DataFolderTest, TheFormerFolderBecomesTheCurrentOneOrGoes) {
     }
 }
 
-TEST_F(DataFolderTest, FoldersAreMadeWithTheirParentsForTheUserAlone) {
-    const QString current = path("a/b/current");
-    prepareDataFolder(current, {});
-    EXPECT_TRUE(QFileInfo(current).isDir());
+TEST_F(DataFolderTest, FoldersAreForTheUserAlone) {
+    make("former", There::folder);
     constexpr auto others = QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther;
-    EXPECT_EQ(QFile::permissions(current) & others, QFile::Permissions());
+    for (const QString& current : {path("a/b/current"), path("moved")}) {
+        prepareDataFolder(current, current == path("moved") ? path("former") : QString());
+        EXPECT_TRUE(QFileInfo(current).isDir());
+        EXPECT_EQ(QFile::permissions(current) & others, QFile::Permissions());
+    }
 }
 
 TEST_F(DataFolderTest, AFormerFolderThatCannotBeMovedStays) {
