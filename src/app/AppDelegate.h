@@ -45,7 +45,7 @@ public:
     void applicationWillTerminate();
 
     const ClipboardHistory& history() const { return m_history; }
-    const SnippetStore& store() const { return m_store; }
+    SnippetStore& store() { return m_store; }
 
 signals:
     /// A step of the start or the end is done.

@@ -16,6 +16,10 @@ bool removeFolder(const QString& path) {
     return QFileInfo(path).isSymLink() ? QFile::remove(path) : QDir(path).removeRecursively();
 }
 
+bool makePrivate(const QString& path) {
+    return QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 void logUnless(bool done, const QString& what, const QString& path) {
     if (!done)
         logLine(QStringLiteral("[Quorvel Data] cannot %1 %2").arg(what, path));
@@ -28,7 +32,8 @@ void prepareDataFolder(const QString& current, const QString& former) {
     const bool isFormerThere = !former.isEmpty() && QFileInfo(former).isDir();
     // After a move that failed no folder is made: beside it the former one would be removed later.
     if (isFormerThere && !isCurrentThere)
-        logUnless(QDir().rename(former, current), QStringLiteral("move to its new name"), former);
+        logUnless(QDir().rename(former, current) && makePrivate(current),
+                  QStringLiteral("move to its new name"), former);
     else if (isFormerThere)
         logUnless(removeFolder(former), QStringLiteral("remove"), former);
     else

@@ -30,7 +30,7 @@ QString dataFolder() {
     return userDataFolder().filePath(productFolder);
 }
 
-QString formerDataFolder() {
+QString formerFolder() {
     return isTestHost() ? QString() : userDataFolder().filePath(formerProductFolder);
 }
 
@@ -53,7 +53,7 @@ DataPaths DataPaths::fromEnvironment() {
         .historyFile = data.filePath(QStringLiteral("clipboard-history.json")),
         .journalFile = data.filePath(QStringLiteral("clipboard-history.journal")),
         .snippetsFile = data.filePath(QStringLiteral("snippets.json")),
-        .formerDataFolder = formerDataFolder(),
+        .formerDataFolder = formerFolder(),
         .preferencesFile = config.filePath(QStringLiteral("preferences.json")),
         .runtimeFolder = runtime.path(),
         .controlSocket = runtime.filePath(QStringLiteral("control")),

@@ -28,7 +28,8 @@ struct SnippetGroup {
     QUuid id;
     QString name;
     QList<Snippet> snippets;
-    std::optional<QString> packID; ///< The built-in pack that made the group; absent for the user's.
+    std::optional<QString>
+        packID; ///< The built-in pack that made the group; absent for the user's.
     std::optional<QString> packGroupID;
     std::optional<qint64> packVersion;
     QJsonObject unknownKeys;

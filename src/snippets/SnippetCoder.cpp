@@ -138,8 +138,7 @@ private:
              .text = text.toString(),
              .shortcut = optional(object, field::shortcut, &Decoder::integerValue),
              .customShortcut = optional(object, field::customShortcut, &Decoder::shortcutValue),
-             .usageCount =
-                 optional(object, field::usageCount, &Decoder::integerValue).value_or(0),
+             .usageCount = optional(object, field::usageCount, &Decoder::integerValue).value_or(0),
              .unknownKeys = withoutKeys(object, field::ofSnippet)});
     }
 
@@ -159,11 +158,11 @@ private:
 
     template <typename Value>
     std::optional<Value> optional(const QJsonObject& object, Key key,
-                                  std::optional<Value> (*read)(const QJsonValue&)) {
+                                  std::optional<Value> (*valueOf)(const QJsonValue&)) {
         const QJsonValue value = object.value(key);
         if (value.isUndefined() || value.isNull())
             return std::nullopt;
-        std::optional<Value> result = read(value);
+        std::optional<Value> result = valueOf(value);
         m_damaged |= !result;
         return result;
     }

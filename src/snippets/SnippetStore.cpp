@@ -15,8 +15,8 @@ constexpr qsizetype rootList = -1;
 
 template <typename Item>
 qsizetype indexOf(const QList<Item>& items, const QUuid& id) {
-    const auto found = std::find_if(items.cbegin(), items.cend(),
-                                    [&](const Item& item) { return item.id == id; });
+    const auto found =
+        std::find_if(items.cbegin(), items.cend(), [&](const Item& item) { return item.id == id; });
     return found == items.cend() ? -1 : found - items.cbegin();
 }
 
