@@ -36,13 +36,32 @@ constexpr std::array particles{
     QStringView(u"zu"),    QStringView(u"y"),   QStringView(u"e"),    QStringView(u"ni"),
     QStringView(u"nic"),   QStringView(u"ap"),  QStringView(u"do"),   QStringView(u"du"),
     QStringView(u"фон"),   QStringView(u"де"),  QStringView(u"бин"),  QStringView(u"ибн"),
+    QStringView(u"zur"),   QStringView(u"zum"), QStringView(u"vom"),  QStringView(u"lo"),
+    QStringView(u"dal"),   QStringView(u"los"), QStringView(u"las"),  QStringView(u"mac"),
+    QStringView(u"ua"),    QStringView(u"het"), QStringView(u"op"),   QStringView(u"degli"),
 };
+
+/// How people are addressed; what follows is a name. A blank around each.
+constexpr QStringView titles =
+    u" mr mrs ms miss mx dr prof sir dame lady lord rev herr frau mme mlle monsieur madame"
+    u" mademoiselle don dona sr sra srta senor senora senhor senhora sig signor signora signore"
+    u" dott dottor mevrouw meneer heer fru pan pani shri smt sheikh shaykh hajji haji ustad datuk"
+    u" dato tuan puan dipl господин госпожа пан пани кир κυριοσ κυρια ";
+
+/// What follows a family name and belongs to nobody's name alone.
+constexpr QStringView suffixes = u" jr sr junior senior phd esq filho neto junior ";
+
+/// Family names of East Asia that are words of English too; they stand first.
+constexpr QStringView shortFamilies =
+    u" lee tan park lim kim song long young min han hung chin sun king bush bang son moon jean"
+    u" yang wang chang ding dong pan pang kong chow lam ho fan gong cheek ";
 
 /// How family names end, by culture; a blank around each.
 constexpr QStringView strongEndings =
     u" ovich evich ovna evna enko chuk chenko ovski ovsky owski ewski inski insky skaya wicz czyk"
     u" ova escu eanu opoulos opoulou poulou iadis oglu shvili adze idze yan sdottir auskas aitis"
-    u" aite iene aityte zadeh wala yama mura guchi moto singhe wardena sekara ratne chaiyasit"
+    u" aite iene aityte dottir ardson arson zadeh wala yama mura guchi moto singhe wardena sekara "
+    u"ratne chaiyasit"
     u" енко ович евич овна евна чук дзе швили скии ская ова ева ов ев ин ина ян ић ич οπουλοσ"
     u" οπουλου ακησ ιδησ ιδου ακη αδησ յան ";
 
@@ -71,6 +90,15 @@ constexpr double unknown = 0.7;
 constexpr double ordinary = 0.0;
 constexpr double place = 0.0;
 constexpr double enough = 2.2;
+constexpr double enoughWithTitle = 1.4;
+
+/// Looks for a word in words that have a blank around each.
+bool isOneOf(QStringView word, QStringView words) {
+    for (qsizetype at = words.indexOf(word); at > 0; at = words.indexOf(word, at + 1))
+        if (words[at - 1] == u' ' && words[at + word.size()] == u' ')
+            return true;
+    return false;
+}
 
 bool endsWithOneOf(QStringView word, QStringView endings) {
     constexpr qsizetype fewestBefore = 3;
@@ -139,16 +167,53 @@ double scoreOf(const QList<Evidence>& words) {
     return between + std::max(first.given + last.family, first.family + last.given - turnedRound);
 }
 
-QStringList foldedWords(const QString& text) {
-    return folded(text).split(u' ', Qt::SkipEmptyParts);
+/// Letters that no mark was put on, as they are written where the keyboard lacks them; the lists
+/// are written so too.
+QString plain(const QString& word) {
+    constexpr QStringView letters = u"ðþøłđæœıə";
+    constexpr std::array<QLatin1StringView, 9> replacements{
+        QLatin1StringView("d"),  QLatin1StringView("th"), QLatin1StringView("o"),
+        QLatin1StringView("l"),  QLatin1StringView("d"),  QLatin1StringView("ae"),
+        QLatin1StringView("oe"), QLatin1StringView("i"),  QLatin1StringView("e")};
+    QString result;
+    result.reserve(word.size());
+    for (const QChar c : word) {
+        const qsizetype at = c.unicode() < 0x80 ? -1 : letters.indexOf(c);
+        if (at < 0)
+            result += c;
+        else
+            result += replacements[std::size_t(at)];
+    }
+    return result;
 }
 
-} // namespace
+QString withoutMarksAround(QString word) {
+    while (!word.isEmpty() && !word.back().isLetter() && !word.back().isMark())
+        word.chop(1);
+    while (!word.isEmpty() && !word.front().isLetter())
+        word.remove(0, 1);
+    return word;
+}
 
-bool NameTagger::hasPersonalName(const QString& text) const {
-    const QStringList words = foldedWords(text);
-    if (words.size() < 2 || lists().places.contains(words.join(u' ').toUtf8()))
-        return false;
+QStringList foldedWords(const QString& text) {
+    QStringList words;
+    const QString all = plain(folded(text));
+    for (const QStringView part : QStringView(all).tokenize(u' ', Qt::SkipEmptyParts)) {
+        const QString word = withoutMarksAround(part.toString());
+        if (!word.isEmpty())
+            words.append(word);
+    }
+    return words;
+}
+
+/// "Tan Siew Hoon", "Park Ji-Hoon": the family name is the first word, whatever else it means.
+bool beginsWithShortFamily(const QStringList& words) {
+    return words.size() <= 3 && isOneOf(words.constFirst(), shortFamilies);
+}
+
+enum class Address { none, byTitle };
+
+bool isName(const QStringList& words, Address address) {
     QList<Evidence> evidence;
     int ambiguous = 0; // words that are names and more often something else
     for (qsizetype i = 0; i < words.size(); ++i) {
@@ -162,9 +227,34 @@ bool NameTagger::hasPersonalName(const QString& text) const {
             return false;
         ++ambiguous;
     }
+    if (beginsWithShortFamily(words))
+        evidence.front().family = listed;
     const bool isAnyKnown = std::any_of(evidence.begin(), evidence.end(),
                                         [](const Evidence& word) { return word.isKnown; });
-    return isAnyKnown && scoreOf(evidence) - ambiguous >= enough;
+    const double needed = address == Address::byTitle ? enoughWithTitle : enough;
+    return isAnyKnown && scoreOf(evidence) - ambiguous >= needed;
+}
+
+/// "Mrs Doubtfire": any word that means nothing else.
+bool isNameBehindTitle(const QString& word) {
+    const Evidence evidence = evidenceOfHyphenated(word);
+    return std::max(evidence.given, evidence.family) >= unknown && !isNoNameWord(word);
+}
+
+} // namespace
+
+bool NameTagger::hasPersonalName(const QString& text) const {
+    QStringList words = foldedWords(text);
+    if (words.size() < 2 || lists().places.contains(words.join(u' ').toUtf8()))
+        return false;
+    const bool hasTitle = isOneOf(words.constFirst(), titles);
+    if (hasTitle)
+        words.removeFirst();
+    if (words.size() > 2 && isOneOf(words.constLast(), suffixes))
+        words.removeLast();
+    if (words.size() == 1)
+        return isNameBehindTitle(words.constFirst());
+    return isName(words, hasTitle ? Address::byTitle : Address::none);
 }
 
 } // namespace quorvel

@@ -78,6 +78,23 @@ constexpr std::array lists{
                 u" guten gute bonne bon nuit matin tag nacht abend morgen navidad natale pasqua"
                 u" доброе утро добрыи день новыи год спасибо с днем рождения καλημερα καλη cola"
                 u" pepsi reuters sachs benz bmw audi toyota nike adidas gucci prada chanel "),
+    // words of other languages in names of dishes, books, shops, clubs and kinds
+    QStringView(u" dolce petit petite grande leche gallo dias noches tardes leben vino gelato"
+                u" kaffee bier brot wurst kuchen suppe allee strase ufer brucke bahnhof flughafen"
+                u" era dynasty empire tech lymphoma carcinoma onlain online такси доставка"
+                u" онлаин магазин ресторан гостиница вокзал аэропорт станция канал проект"
+                u" atletico deportivo sporting calcio dinamo lokomotiv prix tour trophy open"
+                u" shepherd retriever terrier spaniel poodle hound simulation elimination"
+                u" machine hypothesis lemma polynomial matrix algorithm protocol model manifold"
+                u" particle boson compiler framework notebook browser keyboard printer camera "),
+    QStringView(u" sauvage blanc noir rouge vert bleu negro verde rosso nero bianco vita amore"
+                u" mundial mundo monde welt zeitung zeit mir journal diario corriere gazette"
+                u" whiskey whisky vodka rum cocktail perfume parfum jeans shoes sneakers watch"
+                u" outlet boutique salon barber bakery garage grill diner pub brewery winery"
+                u" residence residences apartments suites resort spa villas mall arena stadium"
+                u" stadion estadio stade dvorets vokzal prospekt ulica ulitsa calea strada corso"
+                u" viale piazzale quai square passage impasse chemin gasse weg markt hof"
+                u" jalan lorong soi thanon cadde sokak mahalle nagar marg chowk ghat kovil "),
     // the calendar
     QStringView(u" monday tuesday wednesday thursday friday saturday sunday january february march"
                 u" april june july august september october november december spring summer"
