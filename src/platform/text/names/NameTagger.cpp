@@ -180,18 +180,18 @@ QString plain(const QString& word) {
     for (const QChar c : word) {
         const qsizetype at = c.unicode() < 0x80 ? -1 : letters.indexOf(c);
         if (at < 0)
-            result += c;
+            result += c.isSpace() ? QChar(u' ') : c;
         else
             result += replacements[std::size_t(at)];
     }
     return result;
 }
 
-QString withoutMarksAround(QString word) {
-    while (!word.isEmpty() && !word.back().isLetter() && !word.back().isMark())
+QStringView withoutMarksAround(QStringView word) {
+    while (!word.isEmpty() && !word.back().isLetter())
         word.chop(1);
     while (!word.isEmpty() && !word.front().isLetter())
-        word.remove(0, 1);
+        word = word.sliced(1);
     return word;
 }
 
@@ -199,9 +199,9 @@ QStringList foldedWords(const QString& text) {
     QStringList words;
     const QString all = plain(folded(text));
     for (const QStringView part : QStringView(all).tokenize(u' ', Qt::SkipEmptyParts)) {
-        const QString word = withoutMarksAround(part.toString());
+        const QStringView word = withoutMarksAround(part);
         if (!word.isEmpty())
-            words.append(word);
+            words.append(word.toString());
     }
     return words;
 }
