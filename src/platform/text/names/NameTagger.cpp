@@ -58,7 +58,8 @@ constexpr QStringView shortFamilies =
 
 /// How family names end, by culture; a blank around each.
 constexpr QStringView strongEndings =
-    u" ovich evich ovna evna enko chuk chenko ovski ovsky owski ewski inski insky skaya wicz czyk"
+    u" ov yev vic lic jic zic ovich evich ovna evna enko chuk chenko ovski ovsky owski ewski inski "
+    u"insky skaya wicz czyk"
     u" ova escu eanu opoulos opoulou poulou iadis oglu shvili adze idze yan sdottir auskas aitis"
     u" aite iene aityte dottir ardson arson zadeh wala yama mura guchi moto singhe wardena sekara "
     u"ratne chaiyasit"
@@ -88,7 +89,7 @@ constexpr double strongEnding = 1.6;
 constexpr double weakEnding = 1.3;
 constexpr double unknown = 0.7;
 constexpr double ordinary = 0.0;
-constexpr double place = 0.0;
+constexpr double place = 0.25;
 constexpr double enough = 2.2;
 constexpr double enoughWithTitle = 1.4;
 

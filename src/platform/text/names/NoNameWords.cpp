@@ -95,6 +95,16 @@ constexpr std::array lists{
                 u" stadion estadio stade dvorets vokzal prospekt ulica ulitsa calea strada corso"
                 u" viale piazzale quai square passage impasse chemin gasse weg markt hof"
                 u" jalan lorong soi thanon cadde sokak mahalle nagar marg chowk ghat kovil "),
+    // wishes, folders and headings of other languages
+    QStringView(u" mutlu yillar yil gunaydin geceler iyi aksamlar tesekkurler xin moi nuovo nuova"
+                u" nowy nowa nowe novy novi dobry dobra dobre dobar dobro dobranoc laku noc sretan"
+                u" srecan vesele wesolych szczesliwego bun buna noapte multi ani craciun boldog"
+                u" karacsonyt napot estet hyvaa joulua paivaa god gott nytt jul glaedelig goede"
+                u" nieuwe neue neuer neues boas bons festas nova novo pasta carpeta dossier"
+                u" cartella ordner mappe dokument dokumenty document documento documents"
+                u" selamat pagi siang malam tahun baru terima kasih salam alaikum honesta"
+                u" честит честита година нова ново новая новии опера роман фильм песня добър"
+                u" ден доброго ранку дякую срећна σπιτι νεο ετοσ χρονια πολλα "),
     // the calendar
     QStringView(u" monday tuesday wednesday thursday friday saturday sunday january february march"
                 u" april june july august september october november december spring summer"
