@@ -20,12 +20,11 @@ constexpr QStringView titles =
     u" dato tuan puan dipl господин госпожа пан пани кир κυριοσ κυρια ";
 
 /// What follows a family name and belongs to nobody's name alone.
-constexpr QStringView suffixes = u" jr sr junior senior phd esq filho neto junior ";
+constexpr QStringView suffixes = u" jr sr junior senior phd esq filho neto ";
 
 /// Family names of East Asia that are words of English too; they stand first.
 constexpr QStringView shortFamilies =
-    u" lee tan park lim kim song long young min han hung chin sun king bush bang son moon jean"
-    u" yang wang chang ding dong pan pang kong chow lam ho fan gong cheek ";
+    u" lee tan park lim kim han wang chang yang pan pang chow lam ho fan gong ";
 
 constexpr double enough = 2.2;
 constexpr double enoughWithTitle = 1.4;
