@@ -1,12 +1,14 @@
 #include "platform/text/names/NoNameWords.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace quorvel {
 
 namespace {
 
-/// A blank around each word, so that one look finds one.
+/// Words with blanks between them.
 constexpr std::array lists{
     // function words
     QStringView(
@@ -116,20 +118,21 @@ constexpr std::array lists{
                 u" четверг пятница суббота воскресенье "),
 };
 
-bool contains(QStringView list, QStringView word) {
-    for (qsizetype at = list.indexOf(word); at > 0; at = list.indexOf(word, at + 1))
-        if (list[at - 1] == u' ' && list[at + word.size()] == u' ')
-            return true;
-    return false;
+/// All words in order, so that a few comparisons find one; the views are small.
+std::vector<QStringView> sortedWords() {
+    std::vector<QStringView> all;
+    for (const QStringView list : lists)
+        for (const QStringView word : list.tokenize(u' ', Qt::SkipEmptyParts))
+            all.push_back(word);
+    std::sort(all.begin(), all.end());
+    return all;
 }
 
 } // namespace
 
 bool isNoNameWord(QStringView word) {
-    for (const QStringView list : lists)
-        if (contains(list, word))
-            return true;
-    return false;
+    static const std::vector<QStringView> all = sortedWords();
+    return std::binary_search(all.begin(), all.end(), word);
 }
 
 } // namespace quorvel
