@@ -6,6 +6,7 @@
 #include "foundation/Log.h"
 
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 namespace quorvel {
 
@@ -37,9 +38,23 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
                     m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
-    , m_menu({m_history, m_preferences, m_environment.strings, m_environment.clock, m_shownTexts},
-             m_history, m_watcher, m_adapters.menu) {
+    , m_copyTools(m_adapters.pasteboard, m_watcher)
+    , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
+    , m_searchTexts(m_preferences)
+    , m_menu({.content = menuContent(),
+              .history = m_history,
+              .snippets = m_store,
+              .watcher = m_watcher,
+              .renderer = m_adapters.menu,
+              .mainQueue = m_environment.mainQueue,
+              .hints = {m_preferences, m_environment.strings,
+                        [](int below) { return QRandomGenerator::global()->bounded(below); }}})
+    , m_menuPreparation(menuContent(), m_folderSnippets, m_history, m_store,
+                        m_environment.mainQueue)
+    , m_menuCommands(
+          {m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine, m_copyTools}) {
     wireMenu();
+    wireMenuCommands();
     wirePaste();
     wireStores();
     wireControl();
@@ -75,6 +90,7 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("hot keys"), [this] { m_hotKeys.registerAll(); }},
         {QStringLiteral("menu"),
          [this] {
+             m_menuPreparation.start();
              m_environment.mainQueue.after(menuWarmUpDelay, &m_menu, [this] { m_menu.warmUp(); });
          }},
         {QStringLiteral("control socket"),
@@ -133,6 +149,19 @@ void AppDelegate::logAccessibilityTrust() const {
                                                       : QStringLiteral("denied")));
 }
 
+MenuContent AppDelegate::menuContent() const {
+    return {m_history,
+            m_smartFolders,
+            m_store,
+            m_folderSnippets,
+            m_adapters.pasteboard,
+            m_preferences,
+            m_environment.strings,
+            m_environment.clock,
+            m_shownTexts,
+            m_searchTexts};
+}
+
 void AppDelegate::wireMenu() {
     connect(&m_adapters.statusItem, &TrayIcon::activated, this,
             [this] { m_menu.toggle(MenuVariant::main); });
@@ -145,9 +174,16 @@ void AppDelegate::wireMenu() {
     });
     connect(&m_hotKeys, &GlobalHotKeys::registered, this, &AppDelegate::setClosingKey);
     connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
-    connect(&m_menu, &StatusMenuController::openGeneralSettingsChosen, this,
+}
+
+void AppDelegate::wireMenuCommands() {
+    connect(&m_menu, &StatusMenuController::chosen, &m_menuCommands, &MenuCommands::run);
+    connect(&m_menuCommands, &MenuCommands::disableHintsSectionChosen, &m_menu,
+            &StatusMenuController::disableHintsSection);
+    connect(&m_menuCommands, &MenuCommands::openGeneralSettingsChosen, this,
             &AppDelegate::openGeneralSettings);
-    connect(&m_menu, &StatusMenuController::quitChosen, this, &AppDelegate::quitRequested);
+    connect(&m_menuCommands, &MenuCommands::quitChosen, this, &AppDelegate::quitRequested);
+    connect(&m_menuCommands, &MenuCommands::snippetRefused, this, &AppDelegate::refuseSnippet);
 }
 
 void AppDelegate::wireStores() {
@@ -158,8 +194,6 @@ void AppDelegate::wireStores() {
 }
 
 void AppDelegate::wirePaste() {
-    connect(&m_menu, &StatusMenuController::pasteRecentSnippetChosen, &m_pasteEngine,
-            [this](const QUuid& id) { m_pasteEngine.pasteRecentSnippet(id); });
     connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
@@ -217,6 +251,15 @@ void AppDelegate::setClosingKey() {
 void AppDelegate::reportSaveProblem() {
     m_menu.setSaveProblem(m_historyStore.saveProblem().isEmpty() ? m_store.saveProblem()
                                                                  : m_historyStore.saveProblem());
+}
+
+void AppDelegate::refuseSnippet(SnippetProblem problem) {
+    const StringTable& strings = m_environment.strings;
+    m_adapters.desktop.showMessage(
+        strings.text(QStringLiteral("error.createSnippet.title")),
+        strings.text(problem == SnippetProblem::noSuchGroup
+                         ? QStringLiteral("error.createSnippet.noSuchGroup")
+                         : QStringLiteral("error.createSnippet.blank")));
 }
 
 void AppDelegate::reportUnsavedCreation(SnippetCreation creation, const QString& reason) {

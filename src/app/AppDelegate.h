@@ -2,12 +2,14 @@
 
 #include "app/Adapters.h"
 #include "app/LaunchStep.h"
+#include "app/MenuCommands.h"
 #include "clipboard/HistoryStore.h"
 #include "clipboard/SmartFolderClipboard.h"
 #include "control/ControlServer.h"
 #include "control/InstanceLock.h"
 #include "foundation/DataPaths.h"
 #include "foundation/StringTable.h"
+#include "menu/MenuPreparation.h"
 #include "menu/StatusMenuController.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
@@ -62,13 +64,16 @@ private:
     QList<LaunchStep> terminationSteps();
     void runAll(const QList<LaunchStep>& steps);
 
+    MenuContent menuContent() const;
     void wireMenu();
+    void wireMenuCommands();
     void wirePaste();
     void wireStores();
     void wireControl();
     void openGeneralSettings();
     void reportPost(PostOutcome outcome);
     void reportSaveProblem();
+    void refuseSnippet(SnippetProblem problem);
     void reportUnsavedCreation(SnippetCreation creation, const QString& reason);
     void setClosingKey();
 
@@ -88,7 +93,12 @@ private:
     FocusTracker m_focusTracker;
     PasteEngine m_pasteEngine;
     GlobalHotKeys m_hotKeys;
+    CopyTools m_copyTools;
+    FolderSnippets m_folderSnippets;
+    SearchTexts m_searchTexts;
     StatusMenuController m_menu;
+    MenuPreparation m_menuPreparation;
+    MenuCommands m_menuCommands;
     ControlServer m_control;
     bool m_running = false;
 };

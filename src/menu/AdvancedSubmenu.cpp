@@ -2,8 +2,9 @@
 
 #include "menu/ClipDetails.h"
 #include "menu/ClipItems.h"
-#include "menu/PasteOption.h"
 #include "menu/RowSource.h"
+#include "menu/Submenus.h"
+#include "paste/PasteOption.h"
 
 #include <array>
 

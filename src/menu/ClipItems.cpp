@@ -4,6 +4,8 @@
 #include "menu/ClipDetails.h"
 #include "menu/Symbols.h"
 
+#include <QStringBuilder>
+
 namespace quorvel {
 
 namespace {
@@ -17,7 +19,7 @@ QString cut(const QString& line, TitleLength length) {
 /// In option mode a row leads to all that can be done with it, as far as it has no submenu yet.
 void finish(MenuItem& item, const MenuBuild& build) {
     if (build.state().isOptionMode)
-        item.identifier = advancedIdentifier + item.representedObject;
+        item.identifier = advancedIdentifier % item.representedObject;
 }
 
 QString editTitle(const QString& title, const MenuBuild& build) {
@@ -49,7 +51,7 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build, QSt
     item.title = editTitle(displayTitle(entry, content, length), build);
     item.detail = clipDetail(entry, content);
     item.action = MenuAction::pasteRecentSnippet;
-    item.representedObject = prefix + idText(entry.id);
+    item.representedObject = prefix % idText(entry.id);
     item.imagePNGData = entry.imagePNGData;
     item.symbol = clipSymbol(entry);
     item.colorName = clipColor(entry);
@@ -65,7 +67,7 @@ MenuItem snippetItem(const Snippet& snippet, const QUuid& group, const MenuBuild
     MenuItem item;
     item.title = shortened(singleLine(snippet.title), titleLimit, titleTail);
     item.action = group.isNull() ? MenuAction::pasteRootSnippet : MenuAction::pasteGroupSnippet;
-    item.representedObject = prefix + snippetText(group, snippet.id);
+    item.representedObject = prefix % snippetText(group, snippet.id);
     item.symbol = QStringLiteral("text.quote");
     item.toolTip = shownText(snippet.id, snippet.text, build.content());
     item.tag = pasteItemTag;

@@ -16,37 +16,27 @@ const QList<SnippetSource>& FolderSnippets::of(SmartFolderKind folder) const {
     return found == m_sources.constEnd() ? none : *found;
 }
 
-bool FolderSnippets::prepareSome(int count) {
-    forEachSnippet(m_store, [&](const Snippet& snippet, const QUuid&) {
-        if (count > 0 && !isKnown(snippet)) {
-            foldersOf(snippet);
-            --count;
-        }
-    });
-    return count == 0;
+void FolderSnippets::prepare(const QUuid& id, const QString& text) {
+    foldersOf(id, text);
 }
 
 void FolderSnippets::invalidate() {
     m_isCurrent = false;
 }
 
-bool FolderSnippets::isKnown(const Snippet& snippet) const {
-    const auto known = m_known.constFind(snippet.id);
-    return known != m_known.constEnd() && known->text == snippet.text;
-}
-
-const QList<SmartFolderKind>& FolderSnippets::foldersOf(const Snippet& snippet) const {
-    if (!isKnown(snippet))
-        m_known.insert(snippet.id, {snippet.text, m_registry.folders(m_detector.detectAutoTags(
-                                                      snippet.text))});
-    return m_known[snippet.id].folders;
+const QList<SmartFolderKind>& FolderSnippets::foldersOf(const QUuid& id,
+                                                        const QString& text) const {
+    auto known = m_known.find(id);
+    if (known == m_known.end() || known->text != text)
+        known = m_known.insert(id, {text, m_registry.folders(m_detector.detectAutoTags(text))});
+    return known->folders;
 }
 
 void FolderSnippets::collect() const {
     m_sources.clear();
     QHash<QUuid, Known> alive;
     forEachSnippet(m_store, [&](const Snippet& snippet, const QUuid& group) {
-        for (const SmartFolderKind folder : foldersOf(snippet))
+        for (const SmartFolderKind folder : foldersOf(snippet.id, snippet.text))
             m_sources[folder].append({group, snippet.id});
         alive.insert(snippet.id, m_known.value(snippet.id));
     });

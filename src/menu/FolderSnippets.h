@@ -24,8 +24,8 @@ public:
     /// In the library's order: root snippets, then the groups'.
     const QList<SnippetSource>& of(SmartFolderKind folder) const;
 
-    /// Looks at some more of the texts that are not known yet; false when all are.
-    bool prepareSome(int count);
+    /// Looks at the text of one snippet now, so that no menu has to wait for it.
+    void prepare(const QUuid& id, const QString& text);
 
     /// To be called when the library has changed.
     void invalidate();
@@ -36,8 +36,7 @@ private:
         QList<SmartFolderKind> folders;
     };
 
-    const QList<SmartFolderKind>& foldersOf(const Snippet& snippet) const;
-    bool isKnown(const Snippet& snippet) const;
+    const QList<SmartFolderKind>& foldersOf(const QUuid& id, const QString& text) const;
     void collect() const;
 
     const SnippetStore& m_store;

@@ -25,7 +25,6 @@ public:
     static constexpr int optionModeIsKnownAfter = 50;
 
 private:
-
     Preferences& m_preferences;
     const StringTable& m_strings;
     Random m_random;

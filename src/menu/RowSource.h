@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menu/PasteOption.h"
+#include "paste/PasteOption.h"
 
 #include <QUuid>
 

@@ -5,8 +5,8 @@ namespace quorvel {
 namespace {
 
 qsizetype chunkCount(qsizetype items) {
-    return std::max<qsizetype>(1, (items + SubmenuFiller::fillChunk - 1) /
-                                      SubmenuFiller::fillChunk);
+    return std::max<qsizetype>(1,
+                               (items + SubmenuFiller::fillChunk - 1) / SubmenuFiller::fillChunk);
 }
 
 QStringList emptySubmenus(const QList<MenuItem>& tree, qsizetype most) {
@@ -30,9 +30,9 @@ void SubmenuFiller::fill(const QString& identifier) {
 
 void SubmenuFiller::scheduleWarmUp(const QList<MenuItem>& tree) {
     m_pendingWarmupWorkItem.cancel();
-    m_pendingWarmupWorkItem =
-        m_mainQueue.after(warmUpDelay, this, [this, generation = m_warmupGeneration,
-                                              identifiers = emptySubmenus(tree, warmUpItems)] {
+    m_pendingWarmupWorkItem = m_mainQueue.after(
+        warmUpDelay, this,
+        [this, generation = m_warmupGeneration, identifiers = emptySubmenus(tree, warmUpItems)] {
             if (generation == m_warmupGeneration)
                 warmUp(identifiers);
         });
@@ -65,10 +65,10 @@ void SubmenuFiller::fillChunks(const QString& identifier, qsizetype chunk) {
     m_timings.hydrated(identifier, chunk, chunks);
     m_pendingSubmenuHydration.take(identifier).cancel();
     if (chunk < chunks)
-        m_pendingSubmenuHydration.insert(
-            identifier, m_mainQueue.after({}, this, [this, identifier, chunk] {
-                fillChunks(identifier, chunk + 1);
-            }));
+        m_pendingSubmenuHydration.insert(identifier,
+                                         m_mainQueue.after({}, this, [this, identifier, chunk] {
+                                             fillChunks(identifier, chunk + 1);
+                                         }));
     emit filled(identifier, chunk < chunks ? all.first(chunk * fillChunk) : all);
 }
 

@@ -34,9 +34,8 @@ QList<SmartFolderMenuCandidate> candidates(const FolderContent& folder, const Me
 }
 
 void sortByUse(QList<SmartFolderMenuCandidate>& candidates) {
-    std::stable_sort(candidates.begin(), candidates.end(), [](const auto& a, const auto& b) {
-        return a.usageCount > b.usageCount;
-    });
+    std::stable_sort(candidates.begin(), candidates.end(),
+                     [](const auto& a, const auto& b) { return a.usageCount > b.usageCount; });
 }
 
 QList<MenuItem> mostUsedItems(QList<SmartFolderMenuCandidate> candidates, const MenuBuild& build) {

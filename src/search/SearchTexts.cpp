@@ -14,6 +14,11 @@ bool occurs(const QByteArray& sought, const QByteArray& in) {
            memmem(in.constData(), size_t(in.size()), sought.constData(), size_t(sought.size()));
 }
 
+/// Nearly always both share their memory.
+bool isSame(const QString& a, const QString& b) {
+    return (a.constData() == b.constData() && a.size() == b.size()) || a == b;
+}
+
 } // namespace
 
 SearchTexts::SearchTexts(const Preferences& preferences)
@@ -30,7 +35,7 @@ void SearchTexts::prepare(const QUuid& id, const QString& text) const {
     dropIfMaskingChanged();
     const auto known = m_known.constFind(id);
     if (known != m_known.constEnd()) {
-        if (known->text == text)
+        if (isSame(known->text, text))
             return;
         m_bytes -= known->folded.size();
         m_known.erase(known);

@@ -21,7 +21,6 @@ public:
 
     /// Works the text out now, so that no key stroke has to wait for it.
     void prepare(const QUuid& id, const QString& text) const;
-    bool isPrepared(const QUuid& id) const { return m_known.contains(id); }
 
     /// Lets go of all texts but these.
     void retain(const QSet<QUuid>& ids) const;

@@ -46,7 +46,7 @@ protected:
 TEST_F(PasteEngineTest, WritesAtOnceAndPressesKeysInTheTargetLater) {
     const QUuid old = copied(QStringLiteral("old"));
     copied(QStringLiteral("new"));
-    engine.pasteRecentSnippet(old);
+    paste(old);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("old"));
     EXPECT_EQ(workspace.activations(), QList<FocusTarget>({{7, 70, 71}}));
     mainQueue.advance(79ms);
@@ -61,7 +61,7 @@ TEST_F(PasteEngineTest, ItsWriteIsNotRecorded) {
     const QUuid id = copied(QStringLiteral("x"));
     QSignalSpy captured(&history, &ClipboardHistory::entryCaptured);
     for (int i = 0; i < 14; ++i)
-        engine.pasteRecentSnippet(id);
+        paste(id);
     mainQueue.settle();
     mainQueue.advance(10s);
     EXPECT_TRUE(captured.isEmpty());
@@ -72,7 +72,7 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
         {{QStringLiteral("text/html"), "<b>x</b>"},
          {QStringLiteral("UTF8_STRING"), "x"},
          {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
-    engine.pasteRecentSnippet(copied({rich}));
+    paste(copied({rich}));
     const auto written = pasteboard.items().first().payloadByType;
     EXPECT_EQ(written.mid(0, 3), rich.payloadByType);
     EXPECT_EQ(written.at(3), (PasteboardRepresentation{pasteboardTypeString, "x"}));
@@ -80,11 +80,11 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
 
 TEST_F(PasteEngineTest, WithoutCapturedFormsTheTextOrThePictureIsPasted) {
     history.insert({.text = QStringLiteral("stored")});
-    engine.pasteRecentSnippet(first().id);
+    paste(first().id);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("stored"));
     const QByteArray png("\x89PNG\r\n\x1a\n...", 11);
     history.insert({.imagePNGData = png});
-    engine.pasteRecentSnippet(first().id);
+    paste(first().id);
     EXPECT_EQ(pasteboard.imagePng(), png);
 }
 
@@ -93,7 +93,7 @@ TEST_F(PasteEngineTest, OnlyOrdinaryProgramsOfOthersBecomeTargets) {
     workspace.setFrontmost(program(ownProcess, 10), 11);
     workspace.setFrontmost(program(8, 80, ApplicationKind::overlay), 81);
     workspace.setFrontmost(std::nullopt);
-    engine.pasteRecentSnippet(id);
+    paste(id);
     mainQueue.advance(1s);
     EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({FocusTarget{7, 70, 71}}));
 }
@@ -101,7 +101,7 @@ TEST_F(PasteEngineTest, OnlyOrdinaryProgramsOfOthersBecomeTargets) {
 TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
     const QUuid id = copied(QStringLiteral("x"));
     workspace.end(70);
-    engine.pasteRecentSnippet(id);
+    paste(id);
     EXPECT_TRUE(workspace.activations().isEmpty());
     mainQueue.advance(119ms);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
@@ -114,7 +114,7 @@ TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteb
     QSignalSpy missing(&engine, &PasteEngine::permissionMissing);
     const auto paste = [&](bool trusted) {
         keyPoster.setTrusted(trusted);
-        engine.pasteRecentSnippet(id);
+        paste(id);
         mainQueue.advance(1s);
     };
     paste(false);
@@ -130,7 +130,7 @@ TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteb
 TEST_F(PasteEngineTest, AnUnknownEntryDoesNothing) {
     copied(QStringLiteral("x"));
     const qint64 count = pasteboard.changeCount();
-    engine.pasteRecentSnippet(QUuid::createUuid());
+    paste(QUuid::createUuid());
     mainQueue.advance(1s);
     EXPECT_EQ(pasteboard.changeCount(), count);
     EXPECT_TRUE(keyPoster.posts().isEmpty());

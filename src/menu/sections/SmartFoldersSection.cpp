@@ -2,6 +2,8 @@
 #include "menu/Symbols.h"
 #include "menu/sections/Sections.h"
 
+#include <QStringBuilder>
+
 namespace quorvel {
 
 QList<MenuItem> smartFoldersSection(const MenuBuild& build) {
@@ -12,10 +14,10 @@ QList<MenuItem> smartFoldersSection(const MenuBuild& build) {
         if (count == 0 && content.smartFolders.entries(folder).isEmpty())
             continue;
         MenuItem item;
-        item.title = countedTitle(content.strings.text(titleKey(folder)), count,
-                                  content.preferences);
+        item.title =
+            countedTitle(content.strings.text(titleKey(folder)), count, content.preferences);
         item.symbol = folderSymbol(folder);
-        item.identifier = folderIdentifier + rawName(folder);
+        item.identifier = folderIdentifier % rawName(folder);
         items.append(item);
     }
     if (!items.isEmpty())

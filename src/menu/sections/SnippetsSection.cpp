@@ -4,6 +4,8 @@
 
 #include "foundation/Text.h"
 
+#include <QStringBuilder>
+
 namespace quorvel {
 
 namespace {
@@ -30,7 +32,7 @@ QList<InnerKey> innerKeys(const SnippetGroup& group) {
 MenuItem groupItem(const SnippetGroup& group) {
     return {.title = shortened(singleLine(group.name), titleLimit, titleTail),
             .symbol = QStringLiteral("folder"),
-            .identifier = groupIdentifier + idText(group.id),
+            .identifier = groupIdentifier % idText(group.id),
             .innerKeys = innerKeys(group)};
 }
 
