@@ -2,7 +2,10 @@
 
 #include "foundation/Folding.h"
 #include "smart/masking/CharacterBits.h"
-#include "smart/masking/LabelTable.h"
+#include "smart/masking/CodeLabels.h"
+#include "smart/masking/KeyLabels.h"
+#include "smart/masking/PasswordLabels.h"
+#include "smart/masking/PlainLabels.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +13,17 @@
 namespace quorvel {
 
 namespace {
+
+constexpr size_t formCount =
+    std::size(passwordLabels) + std::size(codeLabels) + std::size(keyLabels);
+
+constexpr std::array<LabelForm, formCount> labelForms = [] {
+    std::array<LabelForm, formCount> forms{};
+    auto next = std::ranges::copy(passwordLabels, forms.begin()).out;
+    next = std::ranges::copy(codeLabels, next).out;
+    std::ranges::copy(keyLabels, next);
+    return forms;
+}();
 
 constexpr TrigramFilter labelEnds = [] {
     TrigramFilter filter;
@@ -22,26 +36,23 @@ constexpr TrigramFilter labelEnds = [] {
         for (char16_t first = 0; size == 2 && first < 32; ++first)
             filter.add(first, second, last);
     }
-    // Final letters with an accent, as the text may have them.
-    filter.add(u's', u'z', u'\u00F3');
-    filter.add(u'h', u'\u1EA9', u'u');
-    filter.add(u'e', u'\u00F1', u'a');
-    filter.add(u'n', u'\u0303', u'a');
-    filter.add(u's', u'\u00F5', u'n');
-    filter.add(u'\u00F5', u'n', u'a');
-    filter.add(u'o', u'l', u'\u0103');
-    filter.add(u'\u03BA', u'\u03CC', u'\u03C2');
+    for (const QStringView end : accentedEnds)
+        filter.add(end[0].unicode(), end[1].unicode(), end[2].unicode());
     // A short last word.
     filter.add(u' ', u'b', u'y');
     return filter;
 }();
 
-/// By the low bits of the first unit.
-constexpr std::array<bool, 1024> plainBeginnings = [] {
-    std::array<bool, 1024> begins{};
-    for (const PlainLabel& label : plainLabels)
-        begins[label.letters[0].unicode() & 1023U] = true;
-    return begins;
+constexpr TrigramFilter plainBeginnings = [] {
+    TrigramFilter filter;
+    for (const PlainLabel& label : plainLabels) {
+        const QStringView name = label.letters;
+        if (name.size() > 2)
+            filter.add(name[0].unicode(), name[1].unicode(), name[2].unicode());
+        for (char16_t third = 0; name.size() == 2 && third < 32; ++third)
+            filter.add(name[0].unicode(), name[1].unicode(), third);
+    }
+    return filter;
 }();
 
 /// The letters before the end of a word, backwards and folded, with the places where a part of a
@@ -130,19 +141,18 @@ bool isHarmless(const Backwards& read, const LabelForm& form) {
 
 /// The rows of the table by the low bits of their last letter.
 struct LabelIndex {
-    std::array<quint8, std::size(labelForms)> row{};
-    std::array<quint8, 33> begin{};
+    std::array<quint16, formCount> row{};
+    std::array<quint16, 33> begin{};
 };
 
 constexpr LabelIndex labelIndex = [] {
-    static_assert(std::size(labelForms) < 256);
     LabelIndex index;
-    quint8 count = 0;
+    quint16 count = 0;
     for (unsigned bucket = 0; bucket < 32; ++bucket) {
         index.begin[bucket] = count;
-        for (size_t row = 0; row < std::size(labelForms); ++row)
+        for (size_t row = 0; row < formCount; ++row)
             if ((labelForms[row].letters.back().unicode() & 31U) == bucket)
-                index.row[count++] = quint8(row);
+                index.row[count++] = quint16(row);
     }
     index.begin[32] = count;
     return index;
@@ -192,7 +202,20 @@ LabelStyle styleOf(QStringView text, const Label& label) {
 
 } // namespace
 
+namespace {
+
+/// "password2", "CVC2".
+qsizetype withoutCounter(QStringView text, qsizetype start, qsizetype end) {
+    constexpr int most = 2;
+    for (int count = 0; count < most && end > start && hasBit(text[end - 1], digitBit); ++count)
+        --end;
+    return end;
+}
+
+} // namespace
+
 bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
+    wordEnd = withoutCounter(text, wordStart, wordEnd);
     if (wordEnd - wordStart < 2)
         return false;
     const QChar first = wordEnd - wordStart > 2 ? text[wordEnd - 3] : QChar(u' ');
@@ -200,7 +223,8 @@ bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
 }
 
 std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
-    const Backwards read = readBackwards(text, wordEnd);
+    const qsizetype lettersEnd = withoutCounter(text, 0, wordEnd);
+    const Backwards read = readBackwards(text, lettersEnd);
     if (read.count == 0)
         return {};
     const LabelForm* form = longestForm(read);
@@ -213,12 +237,12 @@ std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
 }
 
 std::optional<Label> labelStartingAt(QStringView text, qsizetype start) {
-    if (!plainBeginnings[text[start].unicode() & 1023U])
+    if (!plainBeginnings.mayHold(text[start], unitAt(text, start + 1), unitAt(text, start + 2)))
         return {};
     const QStringView rest = text.mid(start, 16);
     for (const PlainLabel& form : plainLabels)
         if (rest.startsWith(form.letters))
-            return Label{form.kind, LabelStyle::word, start, start + form.letters.size()};
+            return Label{form.kind, LabelStyle::plain, start, start + form.letters.size()};
     return {};
 }
 

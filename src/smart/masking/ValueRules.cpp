@@ -1,4 +1,5 @@
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/CodeRules.h"
 #include "smart/masking/LabelledValues.h"
 #include "smart/masking/ValueCandidate.h"
 
@@ -69,9 +70,19 @@ bool isWordAsKey(const Candidate& candidate) {
            candidate.shape.upper * 2 <= candidate.shape.size;
 }
 
+/// "passwords2.txt"
+bool isFileName(QStringView value) {
+    constexpr qsizetype mostSuffix = 5;
+    const qsizetype dot = value.lastIndexOf(u'.');
+    return dot > 0 && value.size() - dot - 1 <= mostSuffix && value.size() - dot > 2 &&
+           std::ranges::all_of(value.mid(dot + 1), [](QChar unit) { return hasBit(unit, lowerBit); });
+}
+
 /// Without punctuation between label and value only what is clearly no word counts.
 bool isStriking(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
+    if (candidate.value.isFar && isFileName(candidate.written))
+        return false;
     // A sentence may end with a question or a call.
     QStringView inner = candidate.written;
     while (inner.endsWith(u'?') || inner.endsWith(u'!'))
@@ -99,16 +110,65 @@ bool isLoudWord(const Candidate& candidate) {
            !candidate.text.mid(label.start, label.end - label.start).contains(u'_');
 }
 
+/// Digits alone, where a label of a password says that they are meant.
+bool isNumberAsPassword(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const QStringView written = candidate.written;
+    const bool isGrouped = written.size() == 8 && written[2] == u'-' && written[5] == u'-';
+    const bool isMarked = shape.symbols == 1 && (written.endsWith(u'#') || written.endsWith(u'*'));
+    const bool isNumber = shape.letters() == 0 && shape.digits >= 4 &&
+                          (shape.symbols == 0 || isGrouped || isMarked);
+    const bool isAtEnd = candidate.label.style == LabelStyle::plain || !readsOn(candidate);
+    return isNumber && isAtEnd && candidate.value.separator == Separator::verb;
+}
+
+/// "password for the safe: 81-44-27".
+bool isFarNumber(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const QStringView written = candidate.written;
+    const bool isGrouped = written.size() == 8 && written[2] == u'-' && written[5] == u'-';
+    return shape.letters() == 0 && shape.digits >= 4 && (shape.symbols == 0 || isGrouped) &&
+           !readsOn(candidate);
+}
+
+/// The second argument of a call: words alone may be anything.
+bool isArgument(const Candidate& candidate) {
+    return candidate.after() == candidate.text[candidate.value.start - 1] &&
+           (candidate.hasDigit() || candidate.shape.symbols > 0) && candidate.shape.size >= 4 &&
+           candidate.shape.letters() > 0 && !holdsLabel(candidate.folded) &&
+           !candidate.written.contains(u' ') && !isExpression(candidate);
+}
+
+/// More than a word with a number: what follows in the sentence does not matter.
+bool isStrong(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    if (candidate.value.separator != Separator::verb || shape.digits == 0)
+        return false;
+    const bool isMixed = shape.upper > 0 && shape.lower > 0;
+    // "8-character", "SHA256-hashed".
+    const bool isMeasure = hasBit(candidate.written.front(), digitBit) && shape.symbols == 1 &&
+                           candidate.written.contains(u'-') && shape.changes <= 1;
+    return (isMixed || shape.symbols > 0 || shape.size >= 8) && !isMeasure && shape.changes > 0;
+}
+
 bool isPassword(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     if (shape.letters() + shape.digits == 0 || isNameOfVariable(candidate))
         return false;
     const Separator separator = candidate.value.separator;
     const bool isOption = candidate.label.style == LabelStyle::option;
-    if (!candidate.isAssigned() && !isOption)
-        return isStriking(candidate) && standsApart(candidate) &&
+    if (separator == Separator::comma)
+        return isArgument(candidate);
+    if (isNumberAsPassword(candidate))
+        return true;
+    const bool isFarAssigned = candidate.isAssigned() && candidate.value.isFar;
+    if (isFarAssigned && isFarNumber(candidate))
+        return true;
+    if ((!candidate.isAssigned() && !isOption) || isFarAssigned)
+        return isStriking(candidate) && (isStrong(candidate) || standsApart(candidate)) &&
                (separator != Separator::blank || candidate.value.isQuoted ||
-                candidate.label.style == LabelStyle::word || isLoudWord(candidate));
+                candidate.label.style == LabelStyle::word ||
+                candidate.label.style == LabelStyle::plain || isLoudWord(candidate));
     const bool isWord = shape.digits == 0 && shape.symbols == 0;
     if (isWord)
         return !readsOn(candidate) && isWordAsPassword(candidate);
@@ -126,6 +186,11 @@ bool isKey(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate))
         return false;
+    if (candidate.value.separator == Separator::comma)
+        return isArgument(candidate) && shape.size >= 8;
+    if (candidate.value.isFar || candidate.value.separator == Separator::verb)
+        return shape.size >= 12 && shape.digits >= 2 && shape.letters() > 1 &&
+               looksGenerated(shape);
     const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option ||
                             candidate.value.separator == Separator::lineEnd ||
                             candidate.value.separator == Separator::tab;
@@ -148,24 +213,6 @@ bool isToken(const Candidate& candidate) {
                       : shape.size >= 16 && shape.digits >= 3 && looksGenerated(shape);
 }
 
-/// Postal codes are called "PIN" in India; in addresses they follow words on the same line.
-bool isPostalCode(const Candidate& candidate) {
-    const qsizetype start = candidate.label.start;
-    const QStringView before = candidate.text.left(start).right(24).trimmed();
-    const bool isCode = candidate.text.mid(start, 8).contains(u"cod", Qt::CaseInsensitive);
-    return candidate.shape.size == 6 && (isCode || before.endsWith(u',') || before.endsWith(u'-'));
-}
-
-bool isPin(const Candidate& candidate) {
-    const RunShape& shape = candidate.shape;
-    const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
-    const bool isSeparated = candidate.value.separator != Separator::blank || isLoud;
-    const bool isSecurityCode =
-        candidate.text.mid(candidate.label.start, 2).startsWith(u"cv", Qt::CaseInsensitive);
-    return shape.size == shape.digits && shape.size >= (isSecurityCode ? 3 : 4) &&
-           shape.size <= 10 && isSeparated && !isPostalCode(candidate);
-}
-
 bool isPhrase(const Candidate& candidate) {
     if (!candidate.isAssigned() && candidate.value.separator != Separator::lineEnd)
         return isPassword(candidate);
@@ -181,8 +228,14 @@ bool isPhrase(const Candidate& candidate) {
 bool isWorthReading(QStringView text, const Label& label, const LabelledValue& value) {
     if (value.separator != Separator::blank && value.separator != Separator::verb)
         return true;
-    return value.isQuoted || label.style == LabelStyle::option ||
+    return value.isQuoted || label.style == LabelStyle::option || label.kind == LabelKind::answer ||
            !std::ranges::all_of(value.in(text), isLetter);
+}
+
+bool isNetworkKey(const Candidate& candidate) {
+    return (candidate.isAssigned() || candidate.shape.digits >= 8) &&
+           candidate.shape.size >= 8 && candidate.shape.digits > 0 &&
+           !candidate.written.contains(u' ') && followsNetwork(candidate);
 }
 
 /// Test programs report "PASS: name" and "pass: 12/15".
@@ -206,8 +259,18 @@ bool isOfKind(const Candidate& candidate) {
         return isToken(candidate);
     case LabelKind::pin:
         return isPin(candidate);
+    case LabelKind::code:
+        return isOpeningCode(candidate);
     case LabelKind::phrase:
         return isPhrase(candidate);
+    case LabelKind::answer:
+        return isSecretAnswer(candidate);
+    case LabelKind::pair:
+        return isPassword(candidate);
+    case LabelKind::codes:
+        return isKey(candidate);
+    case LabelKind::networkKey:
+        return isNetworkKey(candidate);
     default:
         return false;
     }

@@ -1,0 +1,110 @@
+#include "smart/masking/CodeRules.h"
+
+#include "smart/masking/CharacterBits.h"
+#include "smart/masking/CodeWords.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+constexpr qsizetype context = 48;
+
+template <size_t size>
+bool holdsAny(QStringView text, const QStringView (&stems)[size]) {
+    return std::ranges::any_of(stems, [text](QStringView stem) {
+        return text.contains(stem, Qt::CaseInsensitive);
+    });
+}
+
+/// What stands before the value on its line and in the sentence before.
+QStringView before(const Candidate& candidate, qsizetype reach) {
+    const qsizetype from = qMax(qsizetype(0), candidate.label.start - reach);
+    return candidate.text.mid(from, candidate.value.start - from);
+}
+
+/// The same without the lines before.
+QStringView beforeOnLine(const Candidate& candidate) {
+    const QStringView found = before(candidate, context);
+    const qsizetype labelAt =
+        found.size() - (candidate.value.start - candidate.label.start);
+    const qsizetype line = found.left(labelAt).lastIndexOf(u'\n');
+    return found.mid(line + 1);
+}
+
+QStringView afterOnLine(const Candidate& candidate) {
+    const QStringView rest = candidate.text.mid(candidate.value.end, context);
+    const qsizetype end = rest.indexOf(u'\n');
+    return end < 0 ? rest : rest.left(end);
+}
+
+/// Postal codes are called "PIN" in India; in addresses they follow words on the same line.
+bool isPostalCode(const Candidate& candidate) {
+    const qsizetype start = candidate.label.start;
+    const QStringView before = candidate.text.left(start).right(24).trimmed();
+    const bool isCode = candidate.text.mid(start, 8).contains(u"cod", Qt::CaseInsensitive);
+    return candidate.shape.size == 6 && !candidate.value.isFar &&
+           (isCode || before.endsWith(u',') || before.endsWith(u'-'));
+}
+
+/// "4821", "903 117", "41-77-20".
+bool isGroupedNumber(const Candidate& candidate) {
+    const auto isPart = [](QChar unit) {
+        return hasBit(unit, digitBit | blankBit) || unit == u'-';
+    };
+    const QStringView written = candidate.written;
+    const qsizetype firstGroup = written.indexOf(u'-');
+    // A year begins a date.
+    return std::ranges::all_of(written, isPart) && hasBit(written.front(), digitBit) &&
+           hasBit(written.back(), digitBit) && firstGroup != 4 && firstGroup != 1;
+}
+
+bool reads(const Candidate& candidate) {
+    const QStringView rest = candidate.text.mid(candidate.value.end, 3);
+    const bool isPercent = rest.startsWith(u'%') || rest.startsWith(u" %");
+    return !isPercent && !rest.startsWith(u'/');
+}
+
+} // namespace
+
+bool isPin(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
+    const bool isSecurityCode =
+        candidate.text.mid(candidate.label.start, 2).startsWith(u"cv", Qt::CaseInsensitive);
+    const bool isSeparated =
+        candidate.value.separator != Separator::blank || isLoud || isSecurityCode;
+    return isGroupedNumber(candidate) && shape.digits >= (isSecurityCode ? 3 : 4) &&
+           shape.digits <= 10 && isSeparated && reads(candidate) && !isPostalCode(candidate);
+}
+
+bool isOpeningCode(const Candidate& candidate) {
+    constexpr int most = 12;
+    const RunShape& shape = candidate.shape;
+    const bool hasLetters = shape.letters() > 0 && shape.letters() <= 2 && shape.lower == 0;
+    const bool hasMark = candidate.written.endsWith(u'#') || candidate.written.endsWith(u'*');
+    const bool isNumber = isGroupedNumber(candidate) && shape.digits >= 4;
+    const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
+                         !candidate.written.contains(u' ') && shape.size <= 10;
+    const bool isPrefixed = candidate.written.indexOf(u'-') == 1 && shape.digits >= 5;
+    if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || !reads(candidate))
+        return false;
+    const QStringView line = beforeOnLine(candidate);
+    if (holdsAny(line, otherCodeStems))
+        return false;
+    return holdsAny(line, openingStems) || holdsAny(afterOnLine(candidate), openingStems);
+}
+
+bool isSecretAnswer(const Candidate& candidate) {
+    constexpr qsizetype reach = 100;
+    return candidate.isAssigned() && candidate.shape.letters() + candidate.shape.digits >= 3 &&
+           holdsAny(before(candidate, reach), questionStems) && !isSentence(candidate);
+}
+
+bool followsNetwork(const Candidate& candidate) {
+    constexpr qsizetype reach = 80;
+    return holdsAny(before(candidate, reach), networkStems);
+}
+
+} // namespace quorvel

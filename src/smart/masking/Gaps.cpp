@@ -1,0 +1,248 @@
+#include "smart/masking/Gaps.h"
+
+#include "foundation/Folding.h"
+#include "smart/masking/CharacterBits.h"
+#include "smart/masking/GapWords.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+/// "Password (guest): x".
+qsizetype afterRemark(QStringView text, qsizetype at) {
+    constexpr qsizetype longest = 40;
+    const qsizetype open = afterBlanks(text, at);
+    if (unitAt(text, open) != u'(')
+        return at;
+    const qsizetype close = text.mid(open, longest).indexOf(u')');
+    if (close < 0)
+        return at;
+    const qsizetype next = afterBlanks(text, open + close + 1);
+    return unitAt(text, next) == u':' || unitAt(text, next) == u'=' ? next : at;
+}
+
+std::optional<Gap> punctuationGap(QStringView text, qsizetype at) {
+    const QChar unit = unitAt(text, at);
+    const QChar next = unitAt(text, at + 1);
+    const bool isColon = unit == u':' || unit == QChar(0xFF1A) || unit == QChar(0xFE55);
+    if (isColon && next == u'=')
+        return Gap{Separator::equals, false, at + 2};
+    if (isColon && next != u':')
+        return Gap{Separator::colon, false, at + 1};
+    if ((unit == u'=' || unit == u'-') && next == u'>')
+        return Gap{Separator::equals, false, at + 2};
+    if ((unit == u'=' || unit == QChar(0xFF1D)) && next != u'=' && next != u'~')
+        return Gap{Separator::equals, false, at + 1};
+    if (unit == QChar(0x2192) || unit == u'|')
+        return Gap{Separator::tab, false, at + 1};
+    return {};
+}
+
+/// "Password - x".
+std::optional<Gap> dashGap(QStringView text, qsizetype at) {
+    const QChar unit = unitAt(text, at);
+    const bool isDash = unit == u'-' || unit == QChar(0x2013) || unit == QChar(0x2014);
+    const bool isFree =
+        bitsOf(unitAt(text, at - 1)) == blankBit && bitsOf(unitAt(text, at + 1)) == blankBit;
+    return isDash && isFree ? std::optional(Gap{Separator::verb, false, at + 1}) : std::nullopt;
+}
+
+/// "c'est".
+std::optional<Gap> elidedVerbGap(QStringView text, qsizetype at) {
+    constexpr QStringView elided[] = {u"c'est ", u"c\u2019est ", u"dit is "};
+    for (const QStringView verb : elided)
+        if (text.mid(at, verb.size()).compare(verb, Qt::CaseInsensitive) == 0)
+            return Gap{Separator::verb, false, at + verb.size()};
+    return {};
+}
+
+std::optional<Gap> verbGap(QStringView text, qsizetype at) {
+    for (const QStringView verb : joinedVerbs)
+        if (text.mid(at, verb.size()) == verb)
+            return Gap{Separator::verb, false, at + verb.size()};
+    const qsizetype wordEnd = endOfBits(text.left(at + 8), at, wordBit);
+    const QStringView word = text.mid(at, wordEnd - at);
+    const bool isVerb = std::ranges::any_of(
+        verbs, [word](QStringView verb) { return word.compare(verb, Qt::CaseInsensitive) == 0; });
+    if (!isVerb || wordEnd == at)
+        return elidedVerbGap(text, at);
+    const qsizetype next = afterBlanks(text, wordEnd);
+    const bool hasColon = unitAt(text, next) == u':';
+    return Gap{hasColon ? Separator::colon : Separator::verb, false, next + (hasColon ? 1 : 0)};
+}
+
+/// "<add key=\"SmtpPassword\" value=\"x\"/>", "<property name=\"password\">x</property>".
+std::optional<Gap> attributeGap(QStringView text, const Label& label) {
+    constexpr qsizetype reach = 120;
+    const QChar quote = unitAt(text, label.end);
+    const bool isAttribute = (quote == u'"' || quote == u'\'') &&
+                             unitAt(text, label.start - 1) == quote &&
+                             unitAt(text, label.start - 2) == u'=';
+    if (!isAttribute)
+        return {};
+    const QStringView rest = text.mid(label.end + 1, reach);
+    const qsizetype close = rest.indexOf(u'>');
+    const QStringView attributes = rest.left(close < 0 ? rest.size() : close);
+    for (const QStringView name : {QStringView(u" value="), QStringView(u" content=")}) {
+        const qsizetype at = attributes.indexOf(name, 0, Qt::CaseInsensitive);
+        if (at >= 0)
+            return Gap{Separator::equals, true, label.end + 1 + at + name.size()};
+    }
+    const bool isElement = close >= 0 && !attributes.endsWith(u'/') &&
+                           !attributes.contains(u'<') && bitsOf(unitAt(rest, close + 1)) != 0;
+    return isElement ? std::optional(Gap{Separator::tag, true, label.end + close + 2})
+                     : std::nullopt;
+}
+
+/// Behind "</key>", with the beginning of the element that follows.
+std::optional<Gap> nextElementGap(QStringView text, qsizetype at) {
+    constexpr qsizetype reach = 40;
+    if (text.mid(at, 2) != u"</")
+        return {};
+    const QStringView rest = text.mid(at, reach);
+    const qsizetype close = rest.indexOf(u'>');
+    const bool isKnown = close > 0 && std::ranges::any_of(labelElements, [&](QStringView name) {
+        return rest.mid(2, close - 2).compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (!isKnown)
+        return {};
+    const qsizetype next = endOfBits(text.left(at + close + reach), at + close + 1, blankBit);
+    if (unitAt(text, next) != u'<')
+        return Gap{Separator::colon, false, next};
+    const qsizetype open = text.mid(next, reach).indexOf(u'>');
+    if (open < 0 || text[next + open - 1] == u'/' || unitAt(text, next + 1) == u'/')
+        return {};
+    return Gap{Separator::tag, true, next + open + 1};
+}
+
+/// "f('label', 'value')", "setLabel('value')".
+std::optional<Gap> argumentGap(QStringView text, const Label& label) {
+    const auto isQuoteAt = [text](qsizetype at) {
+        return unitAt(text, at) == u'"' || unitAt(text, at) == u'\'';
+    };
+    const QStringView name = text.mid(label.start, label.end - label.start);
+    const bool isSetter = name.startsWith(u"set", Qt::CaseInsensitive) ||
+                          name.startsWith(u"with", Qt::CaseInsensitive);
+    if (isSetter && unitAt(text, label.end) == u'(' && isQuoteAt(label.end + 1))
+        return Gap{Separator::comma, false, label.end + 1};
+    if (!isQuoteAt(label.end) || unitAt(text, label.end) != unitAt(text, label.start - 1))
+        return {};
+    qsizetype before = label.start - 2;
+    while (bitsOf(unitAt(text, before)) == blankBit && before > label.start - 4)
+        --before;
+    const qsizetype comma = afterBlanks(text, label.end + 1);
+    const qsizetype value = afterBlanks(text, comma + 1);
+    if (unitAt(text, before) != u'(' || unitAt(text, comma) != u',' || !isQuoteAt(value))
+        return {};
+    return Gap{Separator::comma, false, value};
+}
+
+bool isTurning(QStringView word) {
+    const QString plain = folded(word);
+    return std::ranges::find(turningWords, QStringView(plain)) != std::end(turningWords);
+}
+
+std::optional<Gap> separatorAt(QStringView text, qsizetype at) {
+    if (auto gap = punctuationGap(text, at))
+        return gap;
+    if (auto gap = dashGap(text, at))
+        return gap;
+    return verbGap(text, at);
+}
+
+/// Units of words in front of a separator, as in "password for the O'Neill host is x".
+bool isInPhrase(QChar unit) {
+    return hasBit(unit, wordBit) || unit == u'-' || unit == u'\'' || unit == QChar(0x2019) ||
+           unit == u'/' || unit == u'"' || unit == QChar(0x201C) || unit == QChar(0x201D);
+}
+
+/// "Password for the printer: x". A few words on the same line.
+std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
+    constexpr int mostWords = 6;
+    if (label.style != LabelStyle::word && label.style != LabelStyle::plain)
+        return {};
+    for (int word = 0; word < mostWords; ++word) {
+        const qsizetype start = at;
+        const qsizetype limit = qMin(text.size(), at + 24);
+        while (at < limit && isInPhrase(text[at]))
+            ++at;
+        if (at == start || isTurning(text.mid(start, at - start)))
+            return {};
+        const bool isApart = bitsOf(unitAt(text, at)) == blankBit;
+        const qsizetype next = afterBlanks(text, at);
+        auto gap = isApart || unitAt(text, at) == u':' || unitAt(text, at) == QChar(0xFF1A)
+                       ? separatorAt(text, next)
+                       : std::nullopt;
+        if (gap) {
+            gap->isFar = true;
+            return gap;
+        }
+        if (!isApart)
+            return {};
+        at = next;
+    }
+    return {};
+}
+
+} // namespace
+
+qsizetype afterLabelMarks(QStringView text, qsizetype at) {
+    for (int count = 0; count < 4; ++count) {
+        const QChar unit = unitAt(text, at);
+        const bool isMark = unit == u'"' || unit == u'\'' || unit == u'`' || unit == u']' ||
+                            unit == u'*' || unit == u'\\' || unit == QChar(0x201D) ||
+                            unit == QChar(0xBB) || unit == QChar(0x300D);
+        if (!isMark)
+            break;
+        ++at;
+    }
+    return at;
+}
+
+bool isQuote(QChar unit) {
+    return unit == u'"' || unit == u'\'' || unit == u'`' || unit == QChar(0x201C) ||
+           unit == QChar(0x201E) || unit == QChar(0x201D) || unit == QChar(0x2018) ||
+           unit == QChar(0x2019) || unit == QChar(0xAB) || unit == QChar(0x300C);
+}
+
+std::optional<Gap> gapAfter(QStringView text, const Label& label) {
+    if (label.style == LabelStyle::element) {
+        // Attributes of the element do not matter.
+        const qsizetype close = text.mid(label.end, 80).indexOf(u'>');
+        const bool isEmpty = close > 0 && text[label.end + close - 1] == u'/';
+        if (close >= 0 && !isEmpty)
+            return Gap{Separator::tag, true, label.end + close + 1};
+    }
+    if (const auto gap = attributeGap(text, label))
+        return gap;
+    if (const auto gap = argumentGap(text, label))
+        return gap;
+    if (const auto gap = nextElementGap(text, label.end))
+        return gap;
+    const qsizetype marks = afterRemark(text, afterLabelMarks(text, label.end));
+    const qsizetype at = afterBlanks(text, marks);
+    if (auto gap = punctuationGap(text, at)) {
+        gap->isTight = at == marks && bitsOf(unitAt(text, gap->end)) != blankBit;
+        // "<b>Password:</b> x"
+        if (const auto next = nextElementGap(text, gap->end); next && next->end > gap->end)
+            return next;
+        return gap;
+    }
+    if (const auto gap = dashGap(text, at))
+        return gap;
+    if (const auto gap = verbGap(text, at))
+        return gap;
+    // As forms are copied: a label on a line of its own.
+    if (hasBit(unitAt(text, at), lineEndBit) && label.style == LabelStyle::word)
+        return Gap{Separator::lineEnd, false, at};
+    if (at == label.end && label.style != LabelStyle::plain)
+        return {};
+    if (const auto gap = farGap(text, label, at))
+        return gap;
+    const bool isTab = text.mid(label.end, at - label.end).contains(u'\t');
+    return Gap{isTab ? Separator::tab : Separator::blank, false, at};
+}
+
+} // namespace quorvel
