@@ -97,7 +97,7 @@ void SecretScanner::readWord(qsizetype start, qsizetype end) {
         readLabel(end);
     if (m_text[end - 1].unicode() >= firstPlainLabel || first.unicode() >= firstPlainLabel)
         readPlainLabels(start, end);
-    if (end - start <= 12 && start >= m_commandEnd && hasBit(first, lowerBit | digitBit))
+    if (end - start <= 14 && start >= m_commandEnd && hasBit(first, lowerBit | digitBit))
         readCommand(start, end);
 }
 
