@@ -50,8 +50,6 @@ inline constexpr LabelForm codeLabels[] = {
     {u"codice", LabelKind::code},
     {u"codi", LabelKind::code},
     {u"otp", LabelKind::code, LabelBoundary::wordStart},
-    {u"onetimepassword", LabelKind::code, LabelBoundary::wordStart},
-    {u"einmalpasswort", LabelKind::code, LabelBoundary::wordStart},
     {u"tan", LabelKind::code, LabelBoundary::wordStart},
     {u"mtan", LabelKind::code, LabelBoundary::wordStart},
     {u"smstan", LabelKind::code, LabelBoundary::wordStart},
@@ -100,6 +98,9 @@ inline constexpr LabelForm codeLabels[] = {
     {u"varakoodit", LabelKind::codes},
     {u"kurtarmakodlari", LabelKind::codes},
     {u"yedekkodlar", LabelKind::codes},
+    {u"maxacthuc", LabelKind::code, LabelBoundary::wordStart},
+    {u"maxacminh", LabelKind::code, LabelBoundary::wordStart},
+    {u"maotp", LabelKind::code, LabelBoundary::wordStart},
 };
 
 } // namespace quorvel

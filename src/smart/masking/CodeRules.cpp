@@ -26,6 +26,9 @@ QStringView before(const Candidate& candidate, qsizetype reach) {
 
 /// The same without the lines before.
 QStringView beforeOnLine(const Candidate& candidate) {
+    if (candidate.value.start < candidate.label.start)
+        return candidate.text.mid(candidate.value.start,
+                                  candidate.label.end - candidate.value.start);
     const QStringView found = before(candidate, context);
     const qsizetype labelAt =
         found.size() - (candidate.value.start - candidate.label.start);
@@ -60,10 +63,26 @@ bool isGroupedNumber(const Candidate& candidate) {
            hasBit(written.back(), digitBit) && firstGroup != 4 && firstGroup != 1;
 }
 
+/// The few digits on the back of a card.
+bool isOfCard(const Candidate& candidate) {
+    constexpr QStringView names[] = {u"cv", u"csc", u"pr\u00FCf", u"kartenpr"};
+    const QStringView label = candidate.text.mid(candidate.label.start, 8);
+    return std::ranges::any_of(names, [label](QStringView name) {
+        return label.startsWith(name, Qt::CaseInsensitive);
+    });
+}
+
 bool reads(const Candidate& candidate) {
     const QStringView rest = candidate.text.mid(candidate.value.end, 3);
     const bool isPercent = rest.startsWith(u'%') || rest.startsWith(u" %");
     return !isPercent && !rest.startsWith(u'/');
+}
+
+/// Codes of networks are passwords.
+bool isNetworkPassword(const Candidate& candidate, QStringView line) {
+    const RunShape& shape = candidate.shape;
+    return shape.size >= 8 && shape.digits > 0 && candidate.value.separator != Separator::blank &&
+           !candidate.written.contains(u' ') && holdsAny(line, networkStems);
 }
 
 } // namespace
@@ -71,8 +90,7 @@ bool reads(const Candidate& candidate) {
 bool isPin(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
-    const bool isSecurityCode =
-        candidate.text.mid(candidate.label.start, 2).startsWith(u"cv", Qt::CaseInsensitive);
+    const bool isSecurityCode = isOfCard(candidate);
     const bool isSeparated =
         candidate.value.separator != Separator::blank || isLoud || isSecurityCode;
     return isGroupedNumber(candidate) && shape.digits >= (isSecurityCode ? 3 : 4) &&
@@ -88,18 +106,23 @@ bool isOpeningCode(const Candidate& candidate) {
     const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
                          !candidate.written.contains(u' ') && shape.size <= 10;
     const bool isPrefixed = candidate.written.indexOf(u'-') == 1 && shape.digits >= 5;
+    const QStringView line = beforeOnLine(candidate);
+    if (isNetworkPassword(candidate, line))
+        return true;
     if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || !reads(candidate))
         return false;
-    const QStringView line = beforeOnLine(candidate);
     if (holdsAny(line, otherCodeStems))
         return false;
-    return holdsAny(line, openingStems) || holdsAny(afterOnLine(candidate), openingStems);
+    return candidate.label.style == LabelStyle::plain || holdsAny(line, openingStems) || holdsAny(afterOnLine(candidate), openingStems);
 }
 
 bool isSecretAnswer(const Candidate& candidate) {
     constexpr qsizetype reach = 100;
+    constexpr qsizetype mostLetters = 40;
+    constexpr qsizetype mostWords = 4;
     return candidate.isAssigned() && candidate.shape.letters() + candidate.shape.digits >= 3 &&
-           holdsAny(before(candidate, reach), questionStems) && !isSentence(candidate);
+           candidate.written.size() <= mostLetters && candidate.written.count(u' ') < mostWords &&
+           holdsAny(before(candidate, reach), questionStems);
 }
 
 bool followsNetwork(const Candidate& candidate) {

@@ -21,7 +21,7 @@ inline constexpr QStringView openingStems[] = {
     u"koodisi", u"kodunuz", u"kod pin", u"подтвержд", u"підтвердж", u"потвърж", u"потврд",
     u"проверочн", u"доступ", u"вход", u"входу", u"ваш код", u"твой код", u"активац", u"безопасн",
     u"επαληθ", u"επιβεβ", u"tan", u"unlock", u"entsperr", u"kode anda", u"kode verif",
-    u"m\u00E3 x\u00E1c",
+    u"x\u00E1c th", u"x\u00E1c minh",
     // Doors, boxes and alarms
     u"door", u"gate", u"garage", u"alarm", u"safe", u"lock", u"entry", u"entrance", u"keypad",
     u"t\u00FCr", u"tuer", u"haust", u"tor ", u"torcode", u"tresor", u"schloss", u"eingang", u"porte",
@@ -54,7 +54,7 @@ inline constexpr QStringView questionStems[] = {
 };
 
 inline constexpr QStringView networkStems[] = {
-    u"ssid", u"wifi", u"wi-fi", u"wlan", u"wpa", u"network", u"netzwerk", u"r\u00E9seau", u"hotspot",
+    u"ssid", u"wifi", u"nettet", u"netv\u00E6rk", u"n\u00E4tet", u"вайфа", u"wi-fi", u"wlan", u"wpa", u"network", u"netzwerk", u"r\u00E9seau", u"hotspot",
     u"router",
 };
 

@@ -8,9 +8,8 @@ namespace quorvel {
 inline constexpr QStringView verbs[] = {
     u"is",     u"ist",    u"es",    u"est",  u"e",      u"\u00E8",  u"\u00E9",  u"was",   u"lautet",
     u"war",    u"er",     u"\u00E4r", u"on", u"jest",   u"je",      u"to",      u"auf",   u"este",
-    u"ser\u00E1", u"sar\u00E0", u"adalah", u"ialah", u"ay", u"ni",   u"da",      u"yra",   u"ir",
-    u"\u00FEa\u00F0", u"это", u"е",    u"є",       u"це",      u"είναι", u"là", u"היא",    u"הוא",   u"هي",   u"هو",     u"است",     u"है",       u"হলো",   u"เป็น",
-    u"คือ",    u"olarak", u"van",   u"\u00E9s", u"zijn", u"heißt",  u"heisst",  u"now",   u"becomes",
+    u"ser\u00E1", u"sar\u00E0", u"adalah", u"ialah", u"yra",   u"\u00FEa\u00F0", u"это", u"е", u"је",    u"є",       u"це",      u"είναι", u"là", u"היא",    u"הוא",   u"هي",   u"هو",     u"است",     u"है",       u"হলো",   u"เป็น",
+    u"คือ",    u"olarak", u"\u00E9s", u"zijn", u"heißt",  u"heisst",  u"now",   u"becomes",
     u"cambia", u"стал",   u"теперь", u"is:", u"jetzt",
 };
 
@@ -32,7 +31,12 @@ inline constexpr QStringView turningWords[] = {
     u"reset",   u"reminder", u"request", u"label",   u"name",     u"count",   u"number",
     u"size",    u"index",    u"regex",   u"pattern", u"hashing",  u"hashed",  u"encrypted",
     u"stored",  u"using",    u"via",     u"from",    u"has",      u"have",    u"needs",
-    u"if",      u"when",     u"that",    u"expiry",  u"created",  u"history", u"timeout",
+    u"if",      u"when",     u"that",    u"expiry",  u"primaria", u"primary", u"public", u"foranea", u"created",  u"history", u"timeout",
+};
+
+/// A password may follow such a word without a separator; lower case.
+inline constexpr QStringView networkWords[] = {
+    u"wifi", u"wi-fi", u"wlan", u"вайфа", u"wi‑fi", u"роутер", u"router",
 };
 
 /// Elements whose end may stand between a label and its value.

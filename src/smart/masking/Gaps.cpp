@@ -158,17 +158,42 @@ bool isInPhrase(QChar unit) {
            unit == u'/' || unit == u'"' || unit == QChar(0x201C) || unit == QChar(0x201D);
 }
 
+bool isOfProse(QStringView text, const Label& label) {
+    if (label.style == LabelStyle::word || label.style == LabelStyle::plain)
+        return true;
+    const QStringView name = text.mid(label.start, label.end - label.start);
+    const bool isHyphenated = name.contains(u'-') && !name.startsWith(u'-');
+    return isHyphenated && !name.contains(u'_') && !name.contains(u'.');
+}
+
+bool isNumber(QStringView word) {
+    constexpr qsizetype least = 4;
+    return word.size() >= least &&
+           std::ranges::all_of(word, [](QChar unit) { return hasBit(unit, digitBit); });
+}
+
+/// Without a separator: "code de la porte 4471", "wifi password router x".
+bool leadsOn(QStringView text, const Label& label, QStringView word, qsizetype next) {
+    if (label.kind == LabelKind::code)
+        return hasBit(unitAt(text, next), digitBit);
+    const auto isNetwork = [word](QStringView stem) {
+        return word.startsWith(stem, Qt::CaseInsensitive);
+    };
+    return label.kind == LabelKind::password && std::ranges::any_of(networkWords, isNetwork);
+}
+
 /// "Password for the printer: x". A few words on the same line.
 std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
     constexpr int mostWords = 6;
-    if (label.style != LabelStyle::word && label.style != LabelStyle::plain)
+    if (!isOfProse(text, label))
         return {};
     for (int word = 0; word < mostWords; ++word) {
         const qsizetype start = at;
         const qsizetype limit = qMin(text.size(), at + 24);
         while (at < limit && isInPhrase(text[at]))
             ++at;
-        if (at == start || isTurning(text.mid(start, at - start)))
+        const QStringView written = text.mid(start, at - start);
+        if (at == start || isNumber(written) || isTurning(written))
             return {};
         const bool isApart = bitsOf(unitAt(text, at)) == blankBit;
         const qsizetype next = afterBlanks(text, at);
@@ -181,6 +206,8 @@ std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
         }
         if (!isApart)
             return {};
+        if (leadsOn(text, label, written, next))
+            return Gap{Separator::blank, false, next, true};
         at = next;
     }
     return {};

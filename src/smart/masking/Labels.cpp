@@ -96,6 +96,10 @@ Backwards readBackwards(QStringView text, qsizetype end) {
     for (qsizetype at = end - 1; at >= 0 && read.count < Backwards::most; --at) {
         if (isJoint(text[at]) && at > 0 && isLetter(text[at - 1]))
             continue;
+        // "WPA2 key"
+        if (hasBit(text[at], digitBit) && read.count > 0 && at > 0 && isLetter(text[at - 1]) &&
+            isJoint(text[at + 1]))
+            continue;
         if (!isLetter(text[at]))
             break;
         const char16_t unit = foldedUnit(text[at]);

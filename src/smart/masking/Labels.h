@@ -15,6 +15,7 @@ enum class LabelKind : quint8 {
     code,     ///< a common word: what is around must say that something is opened
     codes,    ///< recovery codes, one or a list
     phrase,   ///< several words
+    seed,     ///< a common word: only the words of a wallet count
     answer,   ///< to a question that proves who one is
     pair,     ///< a name and a password
     networkKey, ///< a common word: a network must be named before

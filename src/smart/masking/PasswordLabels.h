@@ -128,8 +128,6 @@ inline constexpr LabelForm passwordLabels[] = {
     {u"motdepass", LabelKind::password, LabelBoundary::wordStart},
     {u"motsdepasse", LabelKind::password, LabelBoundary::wordStart},
     {u"senhadeacesso", LabelKind::password, LabelBoundary::wordStart},
-    {u"palavrachave", LabelKind::password, LabelBoundary::wordStart},
-    {u"parolachiave", LabelKind::password, LabelBoundary::wordStart},
     {u"paroladaccesso", LabelKind::password, LabelBoundary::wordStart},
     {u"paroladaccess", LabelKind::password, LabelBoundary::wordStart},
     {u"parolasi", LabelKind::password, LabelBoundary::wordStart},
@@ -221,9 +219,9 @@ inline constexpr LabelForm passwordLabels[] = {
     {u"seedwords", LabelKind::phrase},
     {u"walletseed", LabelKind::phrase},
     {u"frasesemilla", LabelKind::phrase},
-    {u"seed", LabelKind::phrase, LabelBoundary::wordStart},
-    {u"semilla", LabelKind::phrase, LabelBoundary::wordStart},
-    {u"semente", LabelKind::phrase, LabelBoundary::wordStart},
+    {u"seed", LabelKind::seed, LabelBoundary::wordStart},
+    {u"semilla", LabelKind::seed, LabelBoundary::wordStart},
+    {u"semente", LabelKind::seed, LabelBoundary::wordStart},
     {u"frasederecuperacion", LabelKind::phrase},
     {u"phrasederecuperation", LabelKind::phrase},
     {u"frasedirecupero", LabelKind::phrase},
@@ -241,7 +239,7 @@ inline constexpr LabelForm passwordLabels[] = {
 
 /// Ends of these words as texts may have them, with accents.
 inline constexpr QStringView accentedEnds[] = {
-    u"szó", u"hẩu", u"eña", u"n\u0303a", u"sõn", u"õna", u"olă", u"κός", u"σης", u"ικό", u"kód", u"clé",
+    u"szó", u"hực", u"hẩu", u"eña", u"n\u0303a", u"sõn", u"õna", u"olă", u"κός", u"σης", u"ικό", u"kód", u"clé",
 };
 
 } // namespace quorvel

@@ -87,7 +87,8 @@ bool isFiller(const Candidate& candidate) {
         folded.contains(u"${") || folded.contains(u"{{") || folded.contains(u"$(") ||
         folded.contains(u"<%") || folded.contains(u"xxxx") || folded.contains(u"****") ||
         folded.contains(u"\u2022\u2022") || folded.endsWith(u"_here") ||
-        folded.endsWith(u"-here") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
+        folded.endsWith(u"-here") || folded.startsWith(u".*") ||
+        folded.contains(u"password=") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
     return isTemplate || (folded.contains(u'<') && folded.endsWith(u'>'));
 }
 
@@ -121,7 +122,8 @@ bool isNameOfVariable(const Candidate& candidate) {
         candidate.shape.lower > 0 && candidate.shape.upper > 0 && !value.mid(1).isEmpty() &&
         std::ranges::any_of(value.mid(1), [](QChar unit) { return unit.isUpper(); });
     const bool isConstant = candidate.shape.lower == 0 && candidate.shape.upper > 2 &&
-                            (isCompound || candidate.shape.digits == 0);
+                            (isCompound || candidate.shape.digits == 0) &&
+                            candidate.shape.digits * 4 < candidate.shape.size;
     if (isConstant)
         return true;
     const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);

@@ -119,7 +119,8 @@ bool isNumberAsPassword(const Candidate& candidate) {
     const bool isNumber = shape.letters() == 0 && shape.digits >= 4 &&
                           (shape.symbols == 0 || isGrouped || isMarked);
     const bool isAtEnd = candidate.label.style == LabelStyle::plain || !readsOn(candidate);
-    return isNumber && isAtEnd && candidate.value.separator == Separator::verb;
+    const bool isLong = shape.digits >= 8 && candidate.value.separator == Separator::blank;
+    return isNumber && isAtEnd && (candidate.value.separator == Separator::verb || isLong);
 }
 
 /// "password for the safe: 81-44-27".
@@ -182,6 +183,15 @@ bool isPassword(const Candidate& candidate) {
     return shape.size >= (candidate.value.isQuoted ? 3 : 4);
 }
 
+/// Keys of programs that make one-time codes.
+bool isBase32(const Candidate& candidate) {
+    constexpr int least = 16;
+    return candidate.shape.size >= least && candidate.shape.digits > 0 &&
+           std::ranges::all_of(candidate.written, [](QChar unit) {
+               return hasBit(unit, upperBit) || (unit >= u'2' && unit <= u'7');
+           });
+}
+
 bool isKey(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate))
@@ -191,6 +201,8 @@ bool isKey(const Candidate& candidate) {
     if (candidate.value.isFar || candidate.value.separator == Separator::verb)
         return shape.size >= 12 && shape.digits >= 2 && shape.letters() > 1 &&
                looksGenerated(shape);
+    if (isBase32(candidate))
+        return true;
     const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option ||
                             candidate.value.separator == Separator::lineEnd ||
                             candidate.value.separator == Separator::tab;
@@ -220,7 +232,8 @@ bool isPhrase(const Candidate& candidate) {
     if (hasWords)
         return !isSentence(candidate);
     const bool isName =
-        candidate.text.mid(candidate.label.start, 4).compare(u"pass", Qt::CaseInsensitive) != 0;
+        !candidate.text.mid(candidate.label.start, candidate.label.end - candidate.label.start)
+             .contains(u"pass", Qt::CaseInsensitive);
     return (candidate.hasDigit() || !isName) && isPassword(candidate);
 }
 
