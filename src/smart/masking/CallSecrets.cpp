@@ -74,9 +74,12 @@ Arguments argumentsFrom(QStringView text, qsizetype at) {
 
 bool isPasswordArgument(QStringView value) {
     const RunShape shape = shapeOf(value);
-    const bool isUnlikeWord = shape.digits > 0 || shape.symbols > 0;
+    const bool isUnlikeWord =
+        shape.digits > 0 || std::ranges::any_of(value, [](QChar unit) {
+            return hasBit(unit, symbolBit) && unit != u'-' && unit != u'_' && unit != u'.';
+        });
     return shape.size >= 6 && shape.letters() > 1 && isUnlikeWord && !value.contains(u' ') &&
-           !value.contains(u"://") && !value.contains(u'{') && !value.startsWith(u'$') &&
+           !value.contains(u"://") && !value.contains(u'{') && !value.startsWith(u'$') && !value.startsWith(u'-') &&
            !holdsLabel(value) && !isPlaceholderWord(value);
 }
 

@@ -101,7 +101,10 @@ GroupReading groupedKeyAt(QStringView text, qsizetype start, int leastGroups) {
     }
     // Of thirty-two signs six are digits.
     constexpr int leastDigitRate = 10;
-    const bool isRandom = digits >= 2 && digits * 100 >= int(end - start) * leastDigitRate &&
+    const bool isHex = std::ranges::none_of(text.mid(start, end - start), [](QChar unit) {
+        return isAsciiLetter(unit) && (unit.unicode() | 0x20) > u'f';
+    });
+    const bool isRandom = !isHex && digits >= 2 && digits * 100 >= int(end - start) * leastDigitRate &&
                           digits * 2 < int(end - start);
     if (groups < leastGroups || !isRandom)
         return {{}, end};
@@ -125,8 +128,7 @@ std::optional<SecretRange> codeBefore(QStringView text, const Label& label) {
         hasBit(unitAt(text, end + 1), digitBit))
         end = endOfBits(text.left(end + 6), end + 1, digitBit);
     const qsizetype size = end - start;
-    const QChar after = unitAt(text, end);
-    const bool isApart = bitsOf(after) == blankBit || after == u':' || after.unicode() >= 0x2E80;
+    const bool isApart = isVerbAt(text, afterBlanks(text, end));
     if (size < 4 || size > 9 || !isApart || !hasBit(text[end - 1], digitBit))
         return {};
     const LabelledValue value{Separator::verb, false, false, true, start, end};

@@ -105,11 +105,13 @@ bool isOpeningCode(const Candidate& candidate) {
     const bool isNumber = isGroupedNumber(candidate) && shape.digits >= 4;
     const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
                          !candidate.written.contains(u' ') && shape.size <= 10;
+    const bool isYear = candidate.value.separator == Separator::blank && shape.size == 4 &&
+                        (candidate.written.startsWith(u"19") || candidate.written.startsWith(u"20"));
     const bool isPrefixed = candidate.written.indexOf(u'-') == 1 && shape.digits >= 5;
     const QStringView line = beforeOnLine(candidate);
     if (isNetworkPassword(candidate, line))
         return true;
-    if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || !reads(candidate))
+    if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || isYear || !reads(candidate))
         return false;
     if (holdsAny(line, otherCodeStems))
         return false;

@@ -31,7 +31,7 @@ inline constexpr QStringView turningWords[] = {
     u"reset",   u"reminder", u"request", u"label",   u"name",     u"count",   u"number",
     u"size",    u"index",    u"regex",   u"pattern", u"hashing",  u"hashed",  u"encrypted",
     u"stored",  u"using",    u"via",     u"from",    u"has",      u"have",    u"needs",
-    u"if",      u"when",     u"that",    u"expiry",  u"primaria", u"primary", u"public", u"foranea", u"created",  u"history", u"timeout",
+    u"if",      u"when",     u"that",    u"expiry",  u"primaria", u"primary", u"public", u"foranea", u"created", u"according", u"algorithm", u"used", u"deleted", u"due",  u"history", u"timeout",
 };
 
 /// A password may follow such a word without a separator; lower case.

@@ -31,7 +31,9 @@ std::optional<Gap> punctuationGap(QStringView text, qsizetype at) {
         return Gap{Separator::equals, false, at + 2};
     if (isColon && next != u':')
         return Gap{Separator::colon, false, at + 1};
-    if ((unit == u'=' || unit == u'-') && next == u'>')
+    // "$pw->name"
+    const bool isMember = unit == u'-' && isLetter(unitAt(text, at - 1));
+    if ((unit == u'=' || unit == u'-') && next == u'>' && !isMember)
         return Gap{Separator::equals, false, at + 2};
     if ((unit == u'=' || unit == QChar(0xFF1D)) && next != u'=' && next != u'~')
         return Gap{Separator::equals, false, at + 1};
@@ -159,6 +161,11 @@ bool isInPhrase(QChar unit) {
 }
 
 bool isOfProse(QStringView text, const Label& label) {
+    // Mostly a verb.
+    const QStringView word = text.mid(label.start, label.end - label.start);
+    if (word.compare(u"pass", Qt::CaseInsensitive) == 0 ||
+        word.startsWith(u"identified", Qt::CaseInsensitive))
+        return false;
     if (label.style == LabelStyle::word || label.style == LabelStyle::plain)
         return true;
     const QStringView name = text.mid(label.start, label.end - label.start);
@@ -174,8 +181,9 @@ bool isNumber(QStringView word) {
 
 /// Without a separator: "code de la porte 4471", "wifi password router x".
 bool leadsOn(QStringView text, const Label& label, QStringView word, qsizetype next) {
+    constexpr qsizetype leastWord = 4;
     if (label.kind == LabelKind::code)
-        return hasBit(unitAt(text, next), digitBit);
+        return word.size() >= leastWord && hasBit(unitAt(text, next), digitBit);
     const auto isNetwork = [word](QStringView stem) {
         return word.startsWith(stem, Qt::CaseInsensitive);
     };
@@ -226,6 +234,10 @@ qsizetype afterLabelMarks(QStringView text, qsizetype at) {
         ++at;
     }
     return at;
+}
+
+bool isVerbAt(QStringView text, qsizetype at) {
+    return verbGap(text, at) || dashGap(text, at) || unitAt(text, at) == u':';
 }
 
 bool isQuote(QChar unit) {

@@ -27,6 +27,9 @@ std::optional<Gap> gapAfter(QStringView text, const Label& label);
 /// bold type.
 qsizetype afterLabelMarks(QStringView text, qsizetype at);
 
+/// Whether a form of "to be" stands there, or a dash that takes its place.
+bool isVerbAt(QStringView text, qsizetype at);
+
 /// Whether a unit opens a quotation.
 bool isQuote(QChar unit);
 

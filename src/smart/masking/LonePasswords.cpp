@@ -45,15 +45,40 @@ bool isSetting(QStringView run) {
            });
 }
 
+/// "Bug#111503."
+bool isNumbered(QStringView run) {
+    const qsizetype mark = run.indexOf(u'#');
+    const auto isLetterOrMark = [](QChar unit) { return isAsciiLetter(unit) || unit == u'('; };
+    return mark > 0 && std::ranges::all_of(run.left(mark).chopped(1), isLetterOrMark) &&
+           hasBit(unitAt(run, mark + 1), digitBit);
+}
+
+/// Numbers with points between.
+bool isVersion(QStringView run) {
+    int points = 0;
+    for (qsizetype at = 1; at + 1 < run.size(); ++at)
+        if (run[at] == u'.' && hasBit(run[at - 1], digitBit) && hasBit(run[at + 1], digitBit))
+            ++points;
+    return points > 1;
+}
+
+/// Punctuation at the end of what changes little: a statement or the end of a sentence.
+bool isSentenceEnd(QStringView run) {
+    constexpr int leastChanges = 50;
+    const bool isVariable = run.front() == u'$' && isAsciiLetter(unitAt(run, 1));
+    const bool isEnd = QStringView(u".,;:}").contains(run.back());
+    return (isEnd || isVariable) && shapeOf(run).changeRate() < leastChanges;
+}
+
 bool looksLikeCode(QStringView run) {
     constexpr QStringView codeMarks[] = {
         u"::",  u"->", u"</", u"/>", u"://", u"=>",  u"()", u"[]", u"{}", u"\\", u"A-Z", u"a-z",
-        u"0-9", u"(?", u"${", u"{{", u");",  u"=\"", u":$", u"/*", u"*.", u"*/", u"++",  u"!$",
+        u"0-9", u"(?", u"${", u"{{", u");",  u"=\"", u":$", u"/*", u"=?", u"&#", u"%{", u"%!", u".*", u"#L", u"0x", u",),", u").", u"++", u"*.", u"*/", u"++",  u"!$",
     };
     const qsizetype open = run.indexOf(u'(');
     const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
     const bool isStatement = run.contains(u":=") || run.contains(u'\'') || run.contains(u'"');
-    return isCall || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
+    return isCall || isNumbered(run) || isVersion(run) || isSentenceEnd(run) || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
            run.startsWith(u"./") || run.startsWith(u"~/") ||
            std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
 }
@@ -96,6 +121,10 @@ std::optional<SecretRange> lonePassword(QStringView text) {
     const RunShape shape = shapeOf(run);
     if (isGeneratedWord(shape) || isGroupedPassword(run, shape))
         return SecretRange{run.begin() - text.begin(), run.size()};
+    constexpr qsizetype shortSize = 12;
+    constexpr int leastChanges = 60;
+    if (run.size() < shortSize && shape.changeRate() < leastChanges)
+        return {};
     const bool hasAll = shape.lower > 0 && shape.upper > 0 && shape.digits > 0 && shape.symbols > 0;
     const int variety = (shape.changes + shape.symbols) * 100 / shape.size;
     const bool isWordy = shape.pairs > fewPairs && variety + tolerance < shape.frequentRate();

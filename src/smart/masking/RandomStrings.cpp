@@ -52,9 +52,12 @@ int marksIn(QStringView run) {
 bool isMixedRandom(const RunShape& shape, int marks) {
     constexpr int leastRandomness = -6;
     constexpr int leastWithoutDigits = 12;
+    constexpr int leastWithOneDigit = 6;
     const bool isBase64 = marks <= 3 + shape.size / 6;
-    const bool isRandom = shape.digits > 0 ? shape.randomness() >= leastRandomness
-                                           : shape.randomness() >= leastWithoutDigits;
+    const int least = shape.digits > 1    ? leastRandomness
+                      : shape.digits == 1 ? leastWithOneDigit
+                                          : leastWithoutDigits;
+    const bool isRandom = shape.randomness() >= least;
     return shape.lower >= 2 && shape.upperRuns >= 3 && shape.others == 0 && isRandom &&
            shape.distinct >= 12 && isBase64;
 }

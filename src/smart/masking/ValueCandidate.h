@@ -16,6 +16,11 @@ struct Candidate {
 
     QChar after() const;
     bool isAssigned() const {
+        return !value.isFar && isSeparated();
+    }
+
+    /// The same with other words before the separator.
+    bool isSeparated() const {
         return value.separator == Separator::colon || value.separator == Separator::equals ||
                value.separator == Separator::tag;
     }

@@ -38,7 +38,9 @@ bool isAssignedWord(const Candidate& candidate) {
         return false;
     if (isInConnection(candidate))
         return true;
-    if (endsStatement(candidate))
+    const QChar before = unitAt(candidate.text, candidate.label.start - 1);
+    const bool isQuotedPair = (before == u'"' || before == u'\'') && candidate.after() == before;
+    if (endsStatement(candidate) || isQuotedPair)
         return false;
     if (candidate.value.separator == Separator::equals)
         return !hasHump && (candidate.value.isTight || isAtLineStart(candidate));
@@ -78,10 +80,32 @@ bool isFileName(QStringView value) {
            std::ranges::all_of(value.mid(dot + 1), [](QChar unit) { return hasBit(unit, lowerBit); });
 }
 
+/// "x509_name_of_function"
+bool isSnake(const Candidate& candidate) {
+    constexpr int leastJoints = 2;
+    return candidate.written.count(u'_') >= leastJoints && candidate.shape.longestLower >= 3 &&
+           candidate.shape.symbols == candidate.written.count(u'_');
+}
+
+/// "Pass the flag to x86init", "the tests pass on arm64".
+bool isVerbPass(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    const QStringView name = candidate.text.mid(label.start, label.end - label.start);
+    if (name.compare(u"pass", Qt::CaseInsensitive) != 0)
+        return false;
+    const qsizetype next = afterBlanks(candidate.text, label.end);
+    const bool isVerb = candidate.value.separator == Separator::verb &&
+                        candidate.text.mid(next, 3).compare(u"is ", Qt::CaseInsensitive) != 0;
+    const bool isOrder = candidate.value.separator == Separator::blank && name == u"Pass";
+    return isVerb || isOrder || candidate.written.contains(u'_');
+}
+
 /// Without punctuation between label and value only what is clearly no word counts.
 bool isStriking(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     if (candidate.value.isFar && isFileName(candidate.written))
+        return false;
+    if (isSnake(candidate) || candidate.written.startsWith(u'-') || isVerbPass(candidate))
         return false;
     // A sentence may end with a question or a call.
     QStringView inner = candidate.written;
@@ -162,7 +186,7 @@ bool isPassword(const Candidate& candidate) {
         return isArgument(candidate);
     if (isNumberAsPassword(candidate))
         return true;
-    const bool isFarAssigned = candidate.isAssigned() && candidate.value.isFar;
+    const bool isFarAssigned = candidate.isSeparated() && candidate.value.isFar;
     if (isFarAssigned && isFarNumber(candidate))
         return true;
     if ((!candidate.isAssigned() && !isOption) || isFarAssigned)
@@ -194,7 +218,11 @@ bool isBase32(const Candidate& candidate) {
 
 bool isKey(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
-    if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate))
+    constexpr int fingerprint = 40;
+    const bool isFingerprint = shape.isHex && shape.upper > 0 && shape.size == fingerprint &&
+                               candidate.value.separator == Separator::blank;
+    if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate) ||
+        isFingerprint)
         return false;
     if (candidate.value.separator == Separator::comma)
         return isArgument(candidate) && shape.size >= 8;
@@ -215,7 +243,10 @@ bool isKey(const Candidate& candidate) {
 }
 
 bool isToken(const Candidate& candidate) {
+    constexpr int longestNumber = 18;
     const RunShape& shape = candidate.shape;
+    if (candidate.written.startsWith(u"0x") && shape.size <= longestNumber)
+        return false;
     const bool isRandomWord = shape.upperRuns >= 3 && shape.size >= 16 && shape.randomness() >= 12;
     if (shape.size < 8 || (shape.digits == 0 && !isRandomWord) || shape.letters() == 0 ||
         candidate.written.contains(u' ') || isNameOfVariable(candidate))
@@ -241,6 +272,8 @@ bool isPhrase(const Candidate& candidate) {
 bool isWorthReading(QStringView text, const Label& label, const LabelledValue& value) {
     if (value.separator != Separator::blank && value.separator != Separator::verb)
         return true;
+    if (text.mid(label.start, 10).compare(u"identified", Qt::CaseInsensitive) == 0)
+        return value.isQuoted;
     return value.isQuoted || label.style == LabelStyle::option || label.kind == LabelKind::answer ||
            !std::ranges::all_of(value.in(text), isLetter);
 }
