@@ -171,8 +171,20 @@ bool isCardGrouping(const Groups& groups, int first, int last) {
     return groups.at[size_t(last)].size <= 6;
 }
 
+/// Groups that count up are a list of numbers.
+bool counts(QStringView text, const Groups& groups, int first, int last) {
+    const auto number = [&](int index) {
+        const auto& group = groups.at[size_t(index)];
+        return text.mid(group.start, group.size).toInt();
+    };
+    for (int i = first; i < last; ++i)
+        if (number(i) + 1 == number(i + 1))
+            return true;
+    return false;
+}
+
 std::optional<SecretRange> cardIn(QStringView text, const Groups& groups, int first, int last) {
-    if (!isCardGrouping(groups, first, last))
+    if (!isCardGrouping(groups, first, last) || counts(text, groups, first, last))
         return {};
     const Digits digits = digitsOf(text, groups, first, last);
     if (digits.count < leastDigits || !hasIssuer(digits) || !isLuhnValid(digits) ||

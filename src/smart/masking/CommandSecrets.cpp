@@ -34,14 +34,20 @@ bool isGiven(QStringView value) {
     return !value.isEmpty() && !value.startsWith(u'$') && !value.startsWith(u'<') &&
            !value.startsWith(u'-') && !value.startsWith(u'{') && !value.startsWith(u'[') &&
            !value.contains(u"***") && !value.startsWith(u"your", Qt::CaseInsensitive) &&
-           !value.startsWith(u"xxx", Qt::CaseInsensitive) && !isPlaceholderWord(value);
+           !value.startsWith(u"xxx", Qt::CaseInsensitive) && !isPlaceholderWord(value) &&
+           !value.startsWith(u"user@");
 }
+
+/// Whether the place alone says that it is a password, or only together with its look.
+enum class Trust : quint8 { explicitly, ifNoWord };
 
 /// What cannot be a word of prose.
 bool isNoWord(QStringView value) {
     return std::ranges::any_of(value, [](QChar unit) { return hasBit(unit, digitBit); }) ||
            (value.size() >= 8 &&
-            std::ranges::any_of(value.chopped(1), [](QChar unit) { return hasBit(unit, symbolBit); }));
+            std::ranges::any_of(value.chopped(1), [](QChar unit) {
+                return hasBit(unit, symbolBit) && unit != u'\'' && unit != u'"';
+            }));
 }
 
 /// Reads the arguments of one program by the rows of the table.
@@ -125,16 +131,19 @@ private:
             !std::ranges::any_of(pipeReaders, isRead))
             return;
         const SecretRange value = m_line.unquoted(m_line.count() - 1, 0);
-        addGiven(behind.contains(u"chpasswd") ? passwordIn(value, Place::afterColon) : value,
-                 options[0], to);
+        add(behind.contains(u"chpasswd") ? passwordIn(value, Place::afterColon) : value,
+            Trust::explicitly, to);
     }
 
     void addGiven(SecretRange range, const Option& option, QList<SecretRange>& to) const {
-        const QStringView value = m_text.mid(range.start, range.length);
         const bool isExplicit = option.place != Place::striking &&
-                                (option.option.startsWith(u'-') || option.option.endsWith(u':') ||
-                                 option.place == Place::piped);
-        if (isGiven(value) && (isExplicit || isNoWord(value)))
+                                (option.option.startsWith(u'-') || option.option.endsWith(u':'));
+        add(range, isExplicit ? Trust::explicitly : Trust::ifNoWord, to);
+    }
+
+    void add(SecretRange range, Trust trust, QList<SecretRange>& to) const {
+        const QStringView value = m_text.mid(range.start, range.length);
+        if (isGiven(value) && (trust == Trust::explicitly || isNoWord(value)))
             to.append(range);
     }
 

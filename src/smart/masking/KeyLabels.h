@@ -108,6 +108,13 @@ inline constexpr LabelForm keyLabels[] = {
     {u"clavedeconfiguracion", LabelKind::secret, LabelBoundary::wordStart},
     {u"cledeconfiguration", LabelKind::secret, LabelBoundary::wordStart},
     {u"enterthiskey", LabelKind::secret, LabelBoundary::wordStart},
+    {u"laravelsession", LabelKind::token},
+    {u"appsession", LabelKind::token},
+    {u"cisession", LabelKind::token},
+    {u"usersession", LabelKind::token},
+    {u"sessioncookie", LabelKind::token},
+    {u"connectsid", LabelKind::token},
+    {u"authsession", LabelKind::token},
 };
 
 } // namespace quorvel

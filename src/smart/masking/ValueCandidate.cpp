@@ -90,7 +90,7 @@ bool isFiller(const Candidate& candidate) {
         folded.endsWith(u"-here") || folded.startsWith(u".*") ||
         folded.contains(u"%s") || folded.contains(u"[:") || folded.contains(u"anonymous") ||
         folded.startsWith(u"&#") || folded.startsWith(u"&lt;") || folded.startsWith(u"\\u20") ||
-        folded.startsWith(u"$!") || folded.startsWith(u"qr/") ||
+        folded.startsWith(u"$!") || folded.endsWith(u"n't") || folded.startsWith(u"qr/") ||
         folded.contains(u"password=") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
     return isTemplate || (folded.contains(u'<') && folded.endsWith(u'>'));
 }
@@ -126,7 +126,7 @@ bool isNameOfVariable(const Candidate& candidate) {
         std::ranges::any_of(value.mid(1), [](QChar unit) { return unit.isUpper(); });
     const bool isConstant = candidate.shape.lower == 0 && candidate.shape.upper > 2 &&
                             (isCompound || candidate.shape.digits == 0) &&
-                            candidate.shape.digits * 4 < candidate.shape.size;
+                            candidate.shape.digits * 3 < candidate.shape.size;
     if (isConstant)
         return true;
     const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);

@@ -280,7 +280,8 @@ bool isWorthReading(QStringView text, const Label& label, const LabelledValue& v
 
 bool isNetworkKey(const Candidate& candidate) {
     return (candidate.isAssigned() || candidate.shape.digits >= 8) &&
-           candidate.shape.size >= 8 && candidate.shape.digits > 0 &&
+           candidate.shape.size >= 8 &&
+           (candidate.shape.digits > 0 || candidate.shape.symbols > 1) &&
            !candidate.written.contains(u' ') && followsNetwork(candidate);
 }
 
