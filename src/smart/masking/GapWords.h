@@ -14,6 +14,7 @@ inline constexpr QStringView verbs[] = {
 };
 
 /// The same in scripts that put no blank before them.
+inline constexpr char16_t firstJoined = 0x0E00;
 inline constexpr QStringView joinedVerbs[] = {
     u"は", u"是", u"为", u"為", u"은", u"는", u"가", u"이", u"คือ",
 };

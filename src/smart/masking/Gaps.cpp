@@ -61,13 +61,15 @@ std::optional<Gap> elidedVerbGap(QStringView text, qsizetype at) {
 }
 
 std::optional<Gap> verbGap(QStringView text, qsizetype at) {
+    const bool mayBeJoined = unitAt(text, at).unicode() >= firstJoined;
     for (const QStringView verb : joinedVerbs)
-        if (text.mid(at, verb.size()) == verb)
+        if (mayBeJoined && text.mid(at, verb.size()) == verb)
             return Gap{Separator::verb, false, at + verb.size()};
     const qsizetype wordEnd = endOfBits(text.left(at + 8), at, wordBit);
     const QStringView word = text.mid(at, wordEnd - at);
-    const bool isVerb = std::ranges::any_of(
-        verbs, [word](QStringView verb) { return word.compare(verb, Qt::CaseInsensitive) == 0; });
+    const bool isVerb = std::ranges::any_of(verbs, [word](QStringView verb) {
+        return word.size() == verb.size() && word.compare(verb, Qt::CaseInsensitive) == 0;
+    });
     if (!isVerb || wordEnd == at)
         return elidedVerbGap(text, at);
     const qsizetype next = afterBlanks(text, wordEnd);
@@ -141,9 +143,13 @@ std::optional<Gap> argumentGap(QStringView text, const Label& label) {
     return Gap{Separator::comma, false, value};
 }
 
-bool isTurning(QStringView word) {
-    const QString plain = folded(word);
-    return std::ranges::find(turningWords, QStringView(plain)) != std::end(turningWords);
+/// Whether one of the words makes the value another thing.
+bool isTurning(QStringView words) {
+    const QString plain = folded(words);
+    for (const QStringView word : QStringView(plain).tokenize(u' '))
+        if (std::ranges::find(turningWords, word) != std::end(turningWords))
+            return true;
+    return false;
 }
 
 std::optional<Gap> separatorAt(QStringView text, qsizetype at) {
@@ -195,13 +201,14 @@ std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
     constexpr int mostWords = 6;
     if (!isOfProse(text, label))
         return {};
+    const qsizetype first = at;
     for (int word = 0; word < mostWords; ++word) {
         const qsizetype start = at;
         const qsizetype limit = qMin(text.size(), at + 24);
         while (at < limit && isInPhrase(text[at]))
             ++at;
         const QStringView written = text.mid(start, at - start);
-        if (at == start || isNumber(written) || isTurning(written))
+        if (at == start || isNumber(written))
             return {};
         const bool isApart = bitsOf(unitAt(text, at)) == blankBit;
         const qsizetype next = afterBlanks(text, at);
@@ -210,11 +217,11 @@ std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
                        : std::nullopt;
         if (gap) {
             gap->isFar = true;
-            return gap;
+            return isTurning(text.mid(first, at - first)) ? std::nullopt : gap;
         }
         if (!isApart)
             return {};
-        if (leadsOn(text, label, written, next))
+        if (leadsOn(text, label, written, next) && !isTurning(text.mid(first, at - first)))
             return Gap{Separator::blank, false, next, true};
         at = next;
     }

@@ -55,14 +55,31 @@ constexpr TrigramFilter plainBeginnings = [] {
     return filter;
 }();
 
-/// The letters before the end of a word, backwards and folded, with the places where a part of a
-/// compound begins.
-struct Backwards {
-    static constexpr int most = 28;
-    std::array<char16_t, most> letter{};
-    std::array<qsizetype, most> place{};
-    std::array<bool, most> beginsPart{};
-    int count = 0;
+/// The letters before the end of a word, backwards and folded, over the places where a compound
+/// may be joined. Reads no more than is asked for.
+class Backwards {
+public:
+    Backwards(QStringView text, qsizetype end)
+        : m_text(text)
+        , m_at(end - 1) {}
+
+    /// NUL where no more letters follow.
+    char16_t letter(qsizetype index) {
+        while (index >= m_count && m_count < most && readOne())
+            ;
+        return index < m_count ? m_letter[size_t(index)] : u'\0';
+    }
+    qsizetype place(qsizetype index) const { return m_place[size_t(index)]; }
+
+private:
+    bool readOne();
+
+    static constexpr qsizetype most = 28;
+    QStringView m_text;
+    qsizetype m_at = 0;
+    qsizetype m_count = 0;
+    std::array<char16_t, most> m_letter;
+    std::array<qsizetype, most> m_place;
 };
 
 char16_t foldedUnit(QChar unit) {
@@ -91,36 +108,32 @@ bool beginsPartAt(QStringView text, qsizetype at) {
     return hasBit(before, lowerBit) || hasBit(unitAt(text, at + 1), lowerBit);
 }
 
-Backwards readBackwards(QStringView text, qsizetype end) {
-    Backwards read;
-    for (qsizetype at = end - 1; at >= 0 && read.count < Backwards::most; --at) {
-        if (isJoint(text[at]) && at > 0 && isLetter(text[at - 1]))
-            continue;
+bool Backwards::readOne() {
+    for (; m_at >= 0; --m_at) {
+        const QChar unit = m_text[m_at];
+        const bool isInside = m_at > 0 && isLetter(m_text[m_at - 1]);
         // "WPA2 key"
-        if (hasBit(text[at], digitBit) && read.count > 0 && at > 0 && isLetter(text[at - 1]) &&
-            isJoint(text[at + 1]))
+        const bool isNumbered = hasBit(unit, digitBit) && isJoint(unitAt(m_text, m_at + 1));
+        if (isInside && (isJoint(unit) || isNumbered) && (m_count > 0 || !isNumbered))
             continue;
-        if (!isLetter(text[at]))
-            break;
-        const char16_t unit = foldedUnit(text[at]);
-        if (unit == 0)
+        if (!isLetter(unit))
+            return false;
+        const char16_t plain = foldedUnit(unit);
+        if (plain == 0)
             continue;
-        const auto index = size_t(read.count++);
-        read.letter[index] = unit;
-        read.place[index] = at;
-        read.beginsPart[index] = beginsPartAt(text, at);
+        m_letter[size_t(m_count)] = plain;
+        m_place[size_t(m_count++)] = m_at--;
+        return true;
     }
-    return read;
+    return false;
 }
 
-bool isEndOf(const Backwards& read, const LabelForm& form) {
+bool isEndOf(QStringView text, Backwards& read, const LabelForm& form) {
     const qsizetype size = form.letters.size();
-    if (size > read.count)
-        return false;
-    for (qsizetype i = 0; i < size; ++i)
-        if (form.letters[size - 1 - i] != read.letter[size_t(i)])
+    for (qsizetype i = 2; i < size; ++i)
+        if (form.letters[size - 1 - i] != read.letter(i))
             return false;
-    return form.boundary == LabelBoundary::none || read.beginsPart[size_t(size - 1)];
+    return form.boundary == LabelBoundary::none || beginsPartAt(text, read.place(size - 1));
 }
 
 /// Positions in lists of pages and marks in language models are called tokens too.
@@ -129,47 +142,59 @@ constexpr QStringView harmlessBefore[] = {
     u"bos",      u"unk",  u"sep",  u"cls",          u"mask", u"kind", u"public",
 };
 
-bool isHarmless(const Backwards& read, const LabelForm& form) {
+bool isHarmless(Backwards& read, const LabelForm& form) {
     if (form.kind != LabelKind::token && form.kind != LabelKind::secret)
         return false;
     return std::ranges::any_of(harmlessBefore, [&](QStringView word) {
         const qsizetype offset = form.letters.size();
-        if (offset + word.size() > read.count)
-            return false;
         for (qsizetype i = 0; i < word.size(); ++i)
-            if (word[word.size() - 1 - i] != read.letter[size_t(offset + i)])
+            if (word[word.size() - 1 - i] != read.letter(offset + i))
                 return false;
         return true;
     });
 }
 
-/// The rows of the table by the low bits of their last letter.
+/// The rows of the table by the low bits of their last two letters.
 struct LabelIndex {
+    static constexpr unsigned buckets = 1024;
     std::array<quint16, formCount> row{};
-    std::array<quint16, 33> begin{};
+    std::array<quint16, buckets + 1> begin{};
 };
+
+constexpr unsigned bucketOf(char16_t second, char16_t last) {
+    return (second & 31U) << 5 | (last & 31U);
+}
+
+constexpr unsigned bucketOf(const LabelForm& form) {
+    const qsizetype size = form.letters.size();
+    return bucketOf(form.letters[size - 2].unicode(), form.letters[size - 1].unicode());
+}
 
 constexpr LabelIndex labelIndex = [] {
     LabelIndex index;
-    quint16 count = 0;
-    for (unsigned bucket = 0; bucket < 32; ++bucket) {
-        index.begin[bucket] = count;
-        for (size_t row = 0; row < formCount; ++row)
-            if ((labelForms[row].letters.back().unicode() & 31U) == bucket)
-                index.row[count++] = quint16(row);
+    for (const LabelForm& form : labelForms)
+        ++index.begin[bucketOf(form) + 1];
+    for (unsigned bucket = 0; bucket < LabelIndex::buckets; ++bucket)
+        index.begin[bucket + 1] = quint16(index.begin[bucket + 1] + index.begin[bucket]);
+    std::array<quint16, LabelIndex::buckets> filled{};
+    for (size_t row = 0; row < formCount; ++row) {
+        const unsigned bucket = bucketOf(labelForms[row]);
+        index.row[size_t(index.begin[bucket]) + filled[bucket]++] = quint16(row);
     }
-    index.begin[32] = count;
     return index;
 }();
 
-const LabelForm* longestForm(const Backwards& read) {
+const LabelForm* longestForm(QStringView text, Backwards& read) {
     const LabelForm* best = nullptr;
-    const unsigned bucket = read.letter[0] & 31U;
+    const char16_t last = read.letter(0);
+    const char16_t second = read.letter(1);
+    const unsigned bucket = bucketOf(second, last);
     for (size_t at = labelIndex.begin[bucket]; at < labelIndex.begin[bucket + 1]; ++at) {
         const LabelForm& form = labelForms[labelIndex.row[at]];
-        if (!isEndOf(read, form))
+        const qsizetype size = form.letters.size();
+        if (form.letters[size - 1] != last || form.letters[size - 2] != second)
             continue;
-        if (!best || form.letters.size() > best->letters.size())
+        if ((!best || size > best->letters.size()) && isEndOf(text, read, form))
             best = &form;
     }
     return best;
@@ -228,14 +253,12 @@ bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
 
 std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
     const qsizetype lettersEnd = withoutCounter(text, 0, wordEnd);
-    const Backwards read = readBackwards(text, lettersEnd);
-    if (read.count == 0)
-        return {};
-    const LabelForm* form = longestForm(read);
+    Backwards read(text, lettersEnd);
+    const LabelForm* form = longestForm(text, read);
     if (!form || isHarmless(read, *form))
         return {};
     Label label{form->kind, LabelStyle::word, 0, wordEnd};
-    label.start = nameStart(text, read.place[size_t(form->letters.size() - 1)]);
+    label.start = nameStart(text, read.place(form->letters.size() - 1));
     label.style = styleOf(text, label);
     return label;
 }

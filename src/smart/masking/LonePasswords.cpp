@@ -53,6 +53,19 @@ bool isNumbered(QStringView run) {
            hasBit(unitAt(run, mark + 1), digitBit);
 }
 
+/// "java.lang.Object@1b6d3586", "memcpy@@GLIBC_2.14"
+bool isSymbolName(QStringView run) {
+    const qsizetype at = run.indexOf(u'@');
+    const auto isNameUnit = [](QChar unit) {
+        return isAsciiLetter(unit) || unit == u'.' || unit == u'_' || unit == u'$';
+    };
+    if (at < 3 || !std::ranges::all_of(run.left(at), isNameUnit))
+        return false;
+    const QStringView mark = run.mid(at + 1);
+    return mark.startsWith(u'@') || shapeOf(mark).isHex ||
+           (mark.contains(u'_') && mark.contains(u'.'));
+}
+
 /// Numbers with points between.
 bool isVersion(QStringView run) {
     int points = 0;
@@ -78,7 +91,7 @@ bool looksLikeCode(QStringView run) {
     const qsizetype open = run.indexOf(u'(');
     const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
     const bool isStatement = run.contains(u":=") || run.contains(u'\'') || run.contains(u'"');
-    return isCall || isNumbered(run) || isVersion(run) || isSentenceEnd(run) || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
+    return isCall || isSymbolName(run) || isNumbered(run) || isVersion(run) || isSentenceEnd(run) || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
            run.startsWith(u"./") || run.startsWith(u"~/") ||
            std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
 }
