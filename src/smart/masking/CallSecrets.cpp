@@ -12,19 +12,35 @@ namespace {
 
 /// Ends of names of functions whose last argument is a password; lower case.
 constexpr QStringView signingNames[] = {
-    u"auth",        u"basicauth",   u"basic_auth",    u"digestauth",  u"networkcredential",
-    u"credentials", u"login",       u"getconnection", u"credential",  u"authenticate",
-    u"signin",      u"sign_in",     u"authentication", u"passwordauthentication", u"authtoken",
-    u"basicauthentication", u"setcredentials", u"usernamepassword", u"ntlmauth", u"plainauth",
-    u"logon",       u"connect",
+    u"auth",
+    u"basicauth",
+    u"basic_auth",
+    u"digestauth",
+    u"networkcredential",
+    u"credentials",
+    u"login",
+    u"getconnection",
+    u"credential",
+    u"authenticate",
+    u"signin",
+    u"sign_in",
+    u"authentication",
+    u"passwordauthentication",
+    u"authtoken",
+    u"basicauthentication",
+    u"setcredentials",
+    u"usernamepassword",
+    u"ntlmauth",
+    u"plainauth",
+    u"logon",
+    u"connect",
 };
 
 constexpr qsizetype longestCall = 300;
 
 bool isSigningName(QStringView name) {
-    return std::ranges::any_of(signingNames, [name](QStringView end) {
-        return name.endsWith(end, Qt::CaseInsensitive);
-    });
+    return std::ranges::any_of(
+        signingNames, [name](QStringView end) { return name.endsWith(end, Qt::CaseInsensitive); });
 }
 
 /// Behind "(" of the arguments: "auth(", "auth=(", "auth = (".
@@ -79,8 +95,8 @@ bool isPasswordArgument(QStringView value) {
             return hasBit(unit, symbolBit) && unit != u'-' && unit != u'_' && unit != u'.';
         });
     return shape.size >= 6 && shape.letters() > 1 && isUnlikeWord && !value.contains(u' ') &&
-           !value.contains(u"://") && !value.contains(u'{') && !value.startsWith(u'$') && !value.startsWith(u'-') &&
-           !holdsLabel(value) && !isPlaceholderWord(value);
+           !value.contains(u"://") && !value.contains(u'{') && !value.startsWith(u'$') &&
+           !value.startsWith(u'-') && !holdsLabel(value) && !isPlaceholderWord(value);
 }
 
 } // namespace

@@ -26,7 +26,8 @@ qsizetype nextCode(QStringView text, qsizetype at) {
     while (at < limit && isMark(text[at]))
         ++at;
     const qsizetype digits = endOfBits(text.left(at + 3), at, digitBit);
-    const bool isNumbered = digits > at && (unitAt(text, digits) == u'.' || unitAt(text, digits) == u')');
+    const bool isNumbered =
+        digits > at && (unitAt(text, digits) == u'.' || unitAt(text, digits) == u')');
     return isNumbered ? nextCode(text.left(limit), digits + 1) : at;
 }
 
@@ -77,7 +78,7 @@ GroupReading groupedKeyAt(QStringView text, qsizetype start, int leastGroups) {
     const QChar blank = unitAt(text, start + group);
     if (bitsOf(blank) != blankBit && blank != u'-')
         return {{}, start};
-    const int letters = hasBit(text[start], lowerBit) ? lowerBit
+    const int letters = hasBit(text[start], lowerBit)   ? lowerBit
                         : hasBit(text[start], upperBit) ? upperBit
                                                         : 0;
     int digits = 0;
@@ -104,7 +105,8 @@ GroupReading groupedKeyAt(QStringView text, qsizetype start, int leastGroups) {
     const bool isHex = std::ranges::none_of(text.mid(start, end - start), [](QChar unit) {
         return isAsciiLetter(unit) && (unit.unicode() | 0x20) > u'f';
     });
-    const bool isRandom = !isHex && digits >= 2 && digits * 100 >= int(end - start) * leastDigitRate &&
+    const bool isRandom = !isHex && digits >= 2 &&
+                          digits * 100 >= int(end - start) * leastDigitRate &&
                           digits * 2 < int(end - start);
     if (groups < leastGroups || !isRandom)
         return {{}, end};

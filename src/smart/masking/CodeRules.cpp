@@ -11,12 +11,40 @@ namespace {
 
 constexpr qsizetype context = 48;
 
+/// Stems that are looked for anywhere in a text; most places are dismissed by three letters.
 template <size_t size>
-bool holdsAny(QStringView text, const QStringView (&stems)[size]) {
-    return std::ranges::any_of(stems, [text](QStringView stem) {
-        return text.contains(stem, Qt::CaseInsensitive);
-    });
-}
+class StemSet {
+public:
+    constexpr explicit StemSet(const QStringView (&stems)[size])
+        : m_stems(stems) {
+        for (const QStringView stem : stems)
+            m_beginnings.add(stem[0].unicode(), stem[1].unicode(), stem[2].unicode());
+    }
+
+    bool isIn(QStringView text) const {
+        for (qsizetype at = 0; at + 2 < text.size(); ++at)
+            if (m_beginnings.mayHold(text[at], text[at + 1], text[at + 2]) && isAt(text, at))
+                return true;
+        return false;
+    }
+
+private:
+    bool isAt(QStringView text, qsizetype at) const {
+        const char16_t low = text[at].unicode() & 31U;
+        return std::ranges::any_of(m_stems, [&](QStringView stem) {
+            return (stem[0].unicode() & 31U) == low && stem.size() <= text.size() - at &&
+                   text.mid(at, stem.size()).compare(stem, Qt::CaseInsensitive) == 0;
+        });
+    }
+
+    const QStringView (&m_stems)[size];
+    TrigramFilter m_beginnings;
+};
+
+constexpr StemSet opening(openingStems);
+constexpr StemSet otherCodes(otherCodeStems);
+constexpr StemSet questions(questionStems);
+constexpr StemSet networks(networkStems);
 
 /// What stands before the value on its line and in the sentence before.
 QStringView before(const Candidate& candidate, qsizetype reach) {
@@ -30,8 +58,7 @@ QStringView beforeOnLine(const Candidate& candidate) {
         return candidate.text.mid(candidate.value.start,
                                   candidate.label.end - candidate.value.start);
     const QStringView found = before(candidate, context);
-    const qsizetype labelAt =
-        found.size() - (candidate.value.start - candidate.label.start);
+    const qsizetype labelAt = found.size() - (candidate.value.start - candidate.label.start);
     const qsizetype line = found.left(labelAt).lastIndexOf(u'\n');
     return found.mid(line + 1);
 }
@@ -67,9 +94,8 @@ bool isGroupedNumber(const Candidate& candidate) {
 bool isOfCard(const Candidate& candidate) {
     constexpr QStringView names[] = {u"cv", u"csc", u"pr\u00FCf", u"kartenpr"};
     const QStringView label = candidate.text.mid(candidate.label.start, 8);
-    return std::ranges::any_of(names, [label](QStringView name) {
-        return label.startsWith(name, Qt::CaseInsensitive);
-    });
+    return std::ranges::any_of(
+        names, [label](QStringView name) { return label.startsWith(name, Qt::CaseInsensitive); });
 }
 
 bool reads(const Candidate& candidate) {
@@ -82,7 +108,7 @@ bool reads(const Candidate& candidate) {
 bool isNetworkPassword(const Candidate& candidate, QStringView line) {
     const RunShape& shape = candidate.shape;
     return shape.size >= 8 && shape.digits > 0 && candidate.value.separator != Separator::blank &&
-           !candidate.written.contains(u' ') && holdsAny(line, networkStems);
+           !candidate.written.contains(u' ') && networks.isIn(line);
 }
 
 } // namespace
@@ -105,17 +131,20 @@ bool isOpeningCode(const Candidate& candidate) {
     const bool isNumber = isGroupedNumber(candidate) && shape.digits >= 4;
     const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
                          !candidate.written.contains(u' ') && shape.size <= 10;
-    const bool isYear = candidate.value.separator == Separator::blank && shape.size == 4 &&
-                        (candidate.written.startsWith(u"19") || candidate.written.startsWith(u"20"));
+    const bool isYear =
+        candidate.value.separator == Separator::blank && shape.size == 4 &&
+        (candidate.written.startsWith(u"19") || candidate.written.startsWith(u"20"));
     const bool isPrefixed = candidate.written.indexOf(u'-') == 1 && shape.digits >= 5;
     const QStringView line = beforeOnLine(candidate);
     if (isNetworkPassword(candidate, line))
         return true;
-    if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || isYear || !reads(candidate))
+    if ((!isNumber && !isMixed && !isPrefixed) || shape.digits > most || isYear ||
+        !reads(candidate))
         return false;
-    if (holdsAny(line, otherCodeStems))
+    if (otherCodes.isIn(line))
         return false;
-    return candidate.label.style == LabelStyle::plain || holdsAny(line, openingStems) || holdsAny(afterOnLine(candidate), openingStems);
+    return candidate.label.style == LabelStyle::plain || opening.isIn(line) ||
+           opening.isIn(afterOnLine(candidate));
 }
 
 bool isSecretAnswer(const Candidate& candidate) {
@@ -124,12 +153,12 @@ bool isSecretAnswer(const Candidate& candidate) {
     constexpr qsizetype mostWords = 4;
     return candidate.isAssigned() && candidate.shape.letters() + candidate.shape.digits >= 3 &&
            candidate.written.size() <= mostLetters && candidate.written.count(u' ') < mostWords &&
-           holdsAny(before(candidate, reach), questionStems);
+           questions.isIn(before(candidate, reach));
 }
 
 bool followsNetwork(const Candidate& candidate) {
     constexpr qsizetype reach = 80;
-    return holdsAny(before(candidate, reach), networkStems);
+    return networks.isIn(before(candidate, reach));
 }
 
 } // namespace quorvel

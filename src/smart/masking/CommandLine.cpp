@@ -33,8 +33,7 @@ qsizetype argumentEnd(QStringView text, qsizetype at, qsizetype limit) {
 QStringView CommandLine::argument(qsizetype index) const {
     if (index < 0 || index >= m_arguments.size())
         return {};
-    return m_text.mid(m_arguments[index].start,
-                      m_arguments[index].end - m_arguments[index].start);
+    return m_text.mid(m_arguments[index].start, m_arguments[index].end - m_arguments[index].start);
 }
 
 SecretRange CommandLine::unquoted(qsizetype index, qsizetype skipped) const {
@@ -52,10 +51,9 @@ void CommandLine::readArguments(qsizetype at) {
     constexpr qsizetype longest = 3000;
     const qsizetype limit = qMin(m_text.size(), at + longest);
     for (;;) {
-        while (at < limit &&
-               (bitsOf(m_text[at]) == blankBit ||
-                (m_text[at] == u'\\' && hasBit(unitAt(m_text, at + 1), lineEndBit)) ||
-                (hasBit(m_text[at], lineEndBit) && m_text[at - 1] == u'\\')))
+        while (at < limit && (bitsOf(m_text[at]) == blankBit ||
+                              (m_text[at] == u'\\' && hasBit(unitAt(m_text, at + 1), lineEndBit)) ||
+                              (hasBit(m_text[at], lineEndBit) && m_text[at - 1] == u'\\')))
             ++at;
         if (at >= limit || endsCommand(m_text[at]))
             break;

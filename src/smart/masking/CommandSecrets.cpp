@@ -26,8 +26,8 @@ constexpr BeginningFilter commandBeginnings = [] {
 
 /// Programs that read a password from a pipe.
 constexpr QStringView pipeReaders[] = {
-    u"sudo -S",  u"sudo -kS", u"sudo --stdin", u"--password-stdin", u"passwd --stdin",
-    u"kinit",    u"cryptsetup", u"--passphrase-fd", u"--passin stdin", u"chpasswd",
+    u"sudo -S", u"sudo -kS",   u"sudo --stdin",    u"--password-stdin", u"passwd --stdin",
+    u"kinit",   u"cryptsetup", u"--passphrase-fd", u"--passin stdin",   u"chpasswd",
 };
 
 bool isGiven(QStringView value) {
@@ -44,8 +44,7 @@ enum class Trust : quint8 { explicitly, ifNoWord };
 /// What cannot be a word of prose.
 bool isNoWord(QStringView value) {
     return std::ranges::any_of(value, [](QChar unit) { return hasBit(unit, digitBit); }) ||
-           (value.size() >= 8 &&
-            std::ranges::any_of(value.chopped(1), [](QChar unit) {
+           (value.size() >= 8 && std::ranges::any_of(value.chopped(1), [](QChar unit) {
                 return hasBit(unit, symbolBit) && unit != u'\'' && unit != u'"';
             }));
 }

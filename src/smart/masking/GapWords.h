@@ -6,11 +6,15 @@ namespace quorvel {
 
 /// Forms of "to be" and the like that stand before a value; lower case.
 inline constexpr QStringView verbs[] = {
-    u"is",     u"ist",    u"es",    u"est",  u"e",      u"\u00E8",  u"\u00E9",  u"was",   u"lautet",
-    u"war",    u"er",     u"\u00E4r", u"on", u"jest",   u"je",      u"to",      u"auf",   u"este",
-    u"ser\u00E1", u"sar\u00E0", u"adalah", u"ialah", u"yra",   u"\u00FEa\u00F0", u"это", u"е", u"је",    u"є",       u"це",      u"είναι", u"là", u"היא",    u"הוא",   u"هي",   u"هو",     u"است",     u"है",       u"হলো",   u"เป็น",
-    u"คือ",    u"olarak", u"\u00E9s", u"zijn", u"heißt",  u"heisst",  u"now",   u"becomes",
-    u"cambia", u"стал",   u"теперь", u"is:", u"jetzt",
+    u"is",        u"ist",       u"es",     u"est",   u"e",       u"\u00E8",
+    u"\u00E9",    u"was",       u"lautet", u"war",   u"er",      u"\u00E4r",
+    u"on",        u"jest",      u"je",     u"to",    u"auf",     u"este",
+    u"ser\u00E1", u"sar\u00E0", u"adalah", u"ialah", u"yra",     u"\u00FEa\u00F0",
+    u"это",       u"е",         u"је",     u"є",     u"це",      u"είναι",
+    u"là",        u"היא",       u"הוא",    u"هي",    u"هو",      u"است",
+    u"है",         u"হলো",       u"เป็น",    u"คือ",    u"olarak",  u"\u00E9s",
+    u"zijn",      u"heißt",     u"heisst", u"now",   u"becomes", u"cambia",
+    u"стал",      u"теперь",    u"is:",    u"jetzt",
 };
 
 /// The same in scripts that put no blank before them.
@@ -21,18 +25,20 @@ inline constexpr QStringView joinedVerbs[] = {
 
 /// After such a word between label and separator the value is another thing; folded.
 inline constexpr QStringView turningWords[] = {
-    u"user",    u"username", u"login",   u"email",   u"mail",     u"account", u"benutzer",
-    u"konto",   u"hint",     u"length",  u"policy",  u"file",     u"changed", u"expires",
-    u"expired", u"expire",   u"min",     u"max",     u"minimum",  u"maximum", u"strength",
-    u"age",     u"field",    u"hash",    u"manager", u"managers", u"format",  u"type",
-    u"rules",   u"geandert", u"must",    u"should",  u"muss",     u"mussen",  u"contains",
-    u"contain", u"enthalt",  u"version", u"last",    u"update",   u"updated", u"attempts",
-    u"and",     u"und",      u"or",      u"oder",    u"with",     u"error",   u"failed",
-    u"does",    u"not",      u"ask",     u"see",     u"siehe",    u"link",    u"url",
-    u"reset",   u"reminder", u"request", u"label",   u"name",     u"count",   u"number",
-    u"size",    u"index",    u"regex",   u"pattern", u"hashing",  u"hashed",  u"encrypted",
-    u"stored",  u"using",    u"via",     u"from",    u"has",      u"have",    u"needs",
-    u"if",      u"when",     u"that",    u"expiry",  u"primaria", u"primary", u"public", u"foranea", u"created", u"according", u"algorithm", u"used", u"deleted", u"due",  u"history", u"timeout",
+    u"user",    u"username", u"login",     u"email",     u"mail",     u"account", u"benutzer",
+    u"konto",   u"hint",     u"length",    u"policy",    u"file",     u"changed", u"expires",
+    u"expired", u"expire",   u"min",       u"max",       u"minimum",  u"maximum", u"strength",
+    u"age",     u"field",    u"hash",      u"manager",   u"managers", u"format",  u"type",
+    u"rules",   u"geandert", u"must",      u"should",    u"muss",     u"mussen",  u"contains",
+    u"contain", u"enthalt",  u"version",   u"last",      u"update",   u"updated", u"attempts",
+    u"and",     u"und",      u"or",        u"oder",      u"with",     u"error",   u"failed",
+    u"does",    u"not",      u"ask",       u"see",       u"siehe",    u"link",    u"url",
+    u"reset",   u"reminder", u"request",   u"label",     u"name",     u"count",   u"number",
+    u"size",    u"index",    u"regex",     u"pattern",   u"hashing",  u"hashed",  u"encrypted",
+    u"stored",  u"using",    u"via",       u"from",      u"has",      u"have",    u"needs",
+    u"if",      u"when",     u"that",      u"expiry",    u"primaria", u"primary", u"public",
+    u"foranea", u"created",  u"according", u"algorithm", u"used",     u"deleted", u"due",
+    u"history", u"timeout",
 };
 
 /// A password may follow such a word without a separator; lower case.
@@ -42,7 +48,8 @@ inline constexpr QStringView networkWords[] = {
 
 /// Elements whose end may stand between a label and its value.
 inline constexpr QStringView labelElements[] = {
-    u"key", u"name", u"td", u"th", u"dt", u"b", u"strong", u"span", u"label", u"em", u"i", u"string",
+    u"key",    u"name", u"td",    u"th", u"dt", u"b",
+    u"strong", u"span", u"label", u"em", u"i",  u"string",
 };
 
 } // namespace quorvel

@@ -94,8 +94,8 @@ std::optional<Gap> attributeGap(QStringView text, const Label& label) {
         if (at >= 0)
             return Gap{Separator::equals, true, label.end + 1 + at + name.size()};
     }
-    const bool isElement = close >= 0 && !attributes.endsWith(u'/') &&
-                           !attributes.contains(u'<') && bitsOf(unitAt(rest, close + 1)) != 0;
+    const bool isElement = close >= 0 && !attributes.endsWith(u'/') && !attributes.contains(u'<') &&
+                           bitsOf(unitAt(rest, close + 1)) != 0;
     return isElement ? std::optional(Gap{Separator::tag, true, label.end + close + 2})
                      : std::nullopt;
 }
@@ -108,8 +108,8 @@ std::optional<Gap> nextElementGap(QStringView text, qsizetype at) {
     const QStringView rest = text.mid(at, reach);
     const qsizetype close = rest.indexOf(u'>');
     const bool isKnown = close > 0 && std::ranges::any_of(labelElements, [&](QStringView name) {
-        return rest.mid(2, close - 2).compare(name, Qt::CaseInsensitive) == 0;
-    });
+                             return rest.mid(2, close - 2).compare(name, Qt::CaseInsensitive) == 0;
+                         });
     if (!isKnown)
         return {};
     const qsizetype next = endOfBits(text.left(at + close + reach), at + close + 1, blankBit);

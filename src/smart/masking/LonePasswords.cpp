@@ -85,13 +85,15 @@ bool isSentenceEnd(QStringView run) {
 
 bool looksLikeCode(QStringView run) {
     constexpr QStringView codeMarks[] = {
-        u"::",  u"->", u"</", u"/>", u"://", u"=>",  u"()", u"[]", u"{}", u"\\", u"A-Z", u"a-z",
-        u"0-9", u"(?", u"${", u"{{", u");",  u"=\"", u":$", u"/*", u"=?", u"&#", u"%{", u"%!", u".*", u"#L", u"0x", u",),", u").", u"++", u"*.", u"*/", u"++",  u"!$",
+        u"::",  u"->", u"</", u"/>",  u"://", u"=>",  u"()", u"[]", u"{}", u"\\", u"A-Z", u"a-z",
+        u"0-9", u"(?", u"${", u"{{",  u");",  u"=\"", u":$", u"/*", u"=?", u"&#", u"%{",  u"%!",
+        u".*",  u"#L", u"0x", u",),", u").",  u"++",  u"*.", u"*/", u"++", u"!$",
     };
     const qsizetype open = run.indexOf(u'(');
     const bool isCall = open > 1 && isAsciiLetter(run[open - 1]) && run.contains(u')');
     const bool isStatement = run.contains(u":=") || run.contains(u'\'') || run.contains(u'"');
-    return isCall || isSymbolName(run) || isNumbered(run) || isVersion(run) || isSentenceEnd(run) || isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
+    return isCall || isSymbolName(run) || isNumbered(run) || isVersion(run) || isSentenceEnd(run) ||
+           isStatement || isSetting(run) || isAddress(run) || run.front() == u'<' ||
            run.startsWith(u"./") || run.startsWith(u"~/") ||
            std::ranges::any_of(codeMarks, [run](QStringView mark) { return run.contains(mark); });
 }
@@ -113,7 +115,8 @@ bool isGroupedPassword(QStringView run, const RunShape& shape) {
     constexpr int mostFrequent = 60;
     const bool isGrouped = shape.size == 3 * group + 2 && shape.symbols == 2 &&
                            run[group] == u'-' && run[2 * group + 1] == u'-';
-    const bool isMixed = shape.digits > 0 && shape.digits <= 6 && shape.upper > 0 && shape.lower > 3;
+    const bool isMixed =
+        shape.digits > 0 && shape.digits <= 6 && shape.upper > 0 && shape.lower > 3;
     return isGrouped && isMixed && shape.others == 0 && shape.frequentRate() < mostFrequent;
 }
 

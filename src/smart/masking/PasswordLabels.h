@@ -242,7 +242,8 @@ inline constexpr LabelForm passwordLabels[] = {
 
 /// Ends of these words as texts may have them, with accents.
 inline constexpr QStringView accentedEnds[] = {
-    u"szó", u"hực", u"hẩu", u"eña", u"n\u0303a", u"sõn", u"õna", u"olă", u"κός", u"σης", u"ικό", u"kód", u"clé",
+    u"szó", u"hực", u"hẩu", u"eña", u"n\u0303a", u"sõn", u"õna",
+    u"olă", u"κός", u"σης", u"ικό", u"kód",      u"clé",
 };
 
 } // namespace quorvel

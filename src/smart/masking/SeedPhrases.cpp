@@ -12,12 +12,12 @@ constexpr int mostWords = 24;
 
 /// Too frequent or too short for such phrases, which have neither endings nor little words.
 constexpr QStringView proseWords[] = {
-    u"the",   u"and",   u"for",  u"are",   u"was",   u"with", u"this",  u"that",  u"from", u"you",
-    u"your",  u"have",  u"not",  u"but",   u"they",  u"were", u"has",   u"had",   u"his",  u"her",
-    u"she",   u"him",   u"our",  u"their", u"its",   u"can",  u"will",  u"would", u"could", u"been",
-    u"der",   u"die",   u"das",  u"und",   u"ist",   u"nicht", u"les",  u"des",   u"une",  u"est",
-    u"que",   u"los",   u"las",  u"por",   u"con",   u"para", u"per",   u"che",   u"non",  u"een",
-    u"het",   u"van",   u"och",  u"som",   u"det",   u"jest", u"nie",
+    u"the",  u"and",  u"for", u"are",   u"was",  u"with",  u"this", u"that",  u"from",  u"you",
+    u"your", u"have", u"not", u"but",   u"they", u"were",  u"has",  u"had",   u"his",   u"her",
+    u"she",  u"him",  u"our", u"their", u"its",  u"can",   u"will", u"would", u"could", u"been",
+    u"der",  u"die",  u"das", u"und",   u"ist",  u"nicht", u"les",  u"des",   u"une",   u"est",
+    u"que",  u"los",  u"las", u"por",   u"con",  u"para",  u"per",  u"che",   u"non",   u"een",
+    u"het",  u"van",  u"och", u"som",   u"det",  u"jest",  u"nie",
 };
 
 struct SeedWords {
@@ -47,7 +47,8 @@ SeedWords readWords(QStringView text, qsizetype at) {
             break;
         const QStringView word = text.mid(start, size);
         words.first = words.count++ == 0 ? start : words.first;
-        words.plurals += word.endsWith(u's') || word.endsWith(u"ed") || word.endsWith(u"ing") ? 1 : 0;
+        words.plurals +=
+            word.endsWith(u's') || word.endsWith(u"ed") || word.endsWith(u"ing") ? 1 : 0;
         words.isProse |= std::ranges::find(proseWords, word) != std::end(proseWords);
         at = words.end = end;
     }
@@ -75,8 +76,9 @@ std::optional<SecretRange> loneSeedWords(QStringView text) {
         return {};
     const SeedWords words = readWords(text, 0);
     const bool isAll = endOfBits(text, words.end, blankBit) == text.size();
-    return isAll && isPhrase(words) ? std::optional(SecretRange{words.first, words.end - words.first})
-                                    : std::nullopt;
+    return isAll && isPhrase(words)
+               ? std::optional(SecretRange{words.first, words.end - words.first})
+               : std::nullopt;
 }
 
 } // namespace quorvel

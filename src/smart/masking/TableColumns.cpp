@@ -105,18 +105,29 @@ bool mayHeadColumn(QStringView text, const Label& label) {
                          label.kind == LabelKind::pin;
     if (!isMeant || label.end >= text.size())
         return false;
-    const QChar after = text[label.end];
-    return isDelimiter(after) || isPadding(after) || hasBit(after, lineEndBit);
+    constexpr qsizetype mostPadding = 40;
+    qsizetype after = label.end;
+    while (after - label.end < mostPadding && isPadding(unitAt(text, after)))
+        ++after;
+    qsizetype before = label.start - 1;
+    while (label.start - before < mostPadding && isPadding(unitAt(text, before)))
+        --before;
+    const auto bounds = [text](qsizetype at) {
+        return at < 0 || isDelimiter(unitAt(text, at)) || hasBit(unitAt(text, at), lineEndBit);
+    };
+    return bounds(before) && bounds(after);
 }
 
 TableReading columnBelow(QStringView text, const Label& label) {
     constexpr qsizetype leastCells = 2;
+    constexpr qsizetype mostCells = 40;
     TableReading reading;
     const Line header = lineAround(text, label.start);
     const QChar delimiter = delimiterOf(text, label, header);
-    if (delimiter.isNull() || header.end >= text.size())
-        return reading;
+    reading.end = header.end;
     const qsizetype cells = cellsOf(text, header, delimiter);
+    if (delimiter.isNull() || header.end >= text.size() || cells > mostCells)
+        return reading;
     const qsizetype column = text.mid(header.start, label.start - header.start).count(delimiter);
     Line line = nextLine(text, header);
     for (int row = 0; row < mostRows && line.start < text.size(); ++row) {
@@ -125,7 +136,8 @@ TableReading columnBelow(QStringView text, const Label& label) {
         const SecretRange cell = cellOf(text, line, delimiter, column);
         if (isColumnValue(text, label, cell))
             reading.hidden.append(cell);
-        reading.end = line.end;
+        // Another column may be the one with the passwords.
+        reading.end = reading.hidden.isEmpty() ? label.end : line.end;
         line = nextLine(text, line);
     }
     return reading;

@@ -87,11 +87,11 @@ bool isFiller(const Candidate& candidate) {
         folded.contains(u"${") || folded.contains(u"{{") || folded.contains(u"$(") ||
         folded.contains(u"<%") || folded.contains(u"xxxx") || folded.contains(u"****") ||
         folded.contains(u"\u2022\u2022") || folded.endsWith(u"_here") ||
-        folded.endsWith(u"-here") || folded.startsWith(u".*") ||
-        folded.contains(u"%s") || folded.contains(u"[:") || folded.contains(u"anonymous") ||
-        folded.startsWith(u"&#") || folded.startsWith(u"&lt;") || folded.startsWith(u"\\u20") ||
-        folded.startsWith(u"$!") || folded.endsWith(u"n't") || folded.startsWith(u"qr/") ||
-        folded.contains(u"password=") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
+        folded.endsWith(u"-here") || folded.startsWith(u".*") || folded.contains(u"%s") ||
+        folded.contains(u"[:") || folded.contains(u"anonymous") || folded.startsWith(u"&#") ||
+        folded.startsWith(u"&lt;") || folded.startsWith(u"\\u20") || folded.startsWith(u"$!") ||
+        folded.endsWith(u"n't") || folded.startsWith(u"qr/") || folded.contains(u"password=") ||
+        folded.endsWith(u"...") || folded.endsWith(u'\u2026');
     return isTemplate || (folded.contains(u'<') && folded.endsWith(u'>'));
 }
 

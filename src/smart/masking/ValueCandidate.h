@@ -15,9 +15,7 @@ struct Candidate {
     RunShape shape;
 
     QChar after() const;
-    bool isAssigned() const {
-        return !value.isFar && isSeparated();
-    }
+    bool isAssigned() const { return !value.isFar && isSeparated(); }
 
     /// The same with other words before the separator.
     bool isSeparated() const {

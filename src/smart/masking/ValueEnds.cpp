@@ -84,8 +84,8 @@ qsizetype codeEnd(QStringView text, qsizetype start) {
     qsizetype at = start;
     while (at < limit) {
         const bool goesOn = isCodeUnit(text[at]);
-        const bool isInside = hasBit(unitAt(text, at + 1), digitBit) &&
-                              QStringView(u".,:/").contains(text[at]);
+        const bool isInside =
+            hasBit(unitAt(text, at + 1), digitBit) && QStringView(u".,:/").contains(text[at]);
         if (!goesOn && !isInside)
             break;
         ++at;
@@ -112,7 +112,11 @@ qsizetype endOfValue(QStringView text, const Label& label, const LabelledValue& 
         return codeEnd(text, value.start);
     if ((label.kind == LabelKind::phrase || label.kind == LabelKind::answer) && isOpen)
         return phraseEnd(text, value.start);
-    const qsizetype end = bareEnd(text, value.start, label, value.separator);
+    // Scripts without blanks go on for long.
+    constexpr qsizetype mostPlain = 80;
+    const bool isPlain = label.style == LabelStyle::plain;
+    const QStringView read = isPlain ? text.left(value.start + mostPlain) : text;
+    const qsizetype end = bareEnd(read, value.start, label, value.separator);
     return label.style == LabelStyle::plain ? plainEnd(text, value.start, end) : end;
 }
 

@@ -77,7 +77,8 @@ bool isFileName(QStringView value) {
     constexpr qsizetype mostSuffix = 5;
     const qsizetype dot = value.lastIndexOf(u'.');
     return dot > 0 && value.size() - dot - 1 <= mostSuffix && value.size() - dot > 2 &&
-           std::ranges::all_of(value.mid(dot + 1), [](QChar unit) { return hasBit(unit, lowerBit); });
+           std::ranges::all_of(value.mid(dot + 1),
+                               [](QChar unit) { return hasBit(unit, lowerBit); });
 }
 
 /// "x509_name_of_function"
@@ -140,8 +141,8 @@ bool isNumberAsPassword(const Candidate& candidate) {
     const QStringView written = candidate.written;
     const bool isGrouped = written.size() == 8 && written[2] == u'-' && written[5] == u'-';
     const bool isMarked = shape.symbols == 1 && (written.endsWith(u'#') || written.endsWith(u'*'));
-    const bool isNumber = shape.letters() == 0 && shape.digits >= 4 &&
-                          (shape.symbols == 0 || isGrouped || isMarked);
+    const bool isNumber =
+        shape.letters() == 0 && shape.digits >= 4 && (shape.symbols == 0 || isGrouped || isMarked);
     const bool isAtEnd = candidate.label.style == LabelStyle::plain || !readsOn(candidate);
     const bool isLong = shape.digits >= 8 && candidate.value.separator == Separator::blank;
     return isNumber && isAtEnd && (candidate.value.separator == Separator::verb || isLong);
@@ -279,8 +280,7 @@ bool isWorthReading(QStringView text, const Label& label, const LabelledValue& v
 }
 
 bool isNetworkKey(const Candidate& candidate) {
-    return (candidate.isAssigned() || candidate.shape.digits >= 8) &&
-           candidate.shape.size >= 8 &&
+    return (candidate.isAssigned() || candidate.shape.digits >= 8) && candidate.shape.size >= 8 &&
            (candidate.shape.digits > 0 || candidate.shape.symbols > 1) &&
            !candidate.written.contains(u' ') && followsNetwork(candidate);
 }
