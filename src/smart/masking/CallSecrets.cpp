@@ -95,8 +95,9 @@ bool isPasswordArgument(QStringView value) {
             return hasBit(unit, symbolBit) && unit != u'-' && unit != u'_' && unit != u'.';
         });
     return shape.size >= 6 && shape.letters() > 1 && isUnlikeWord && !value.contains(u' ') &&
-           !value.contains(u"://") && !value.contains(u'{') && !value.startsWith(u'$') &&
-           !value.startsWith(u'-') && !holdsLabel(value) && !isPlaceholderWord(value);
+           !value.contains(u"://") && !value.contains(u'{') && !value.contains(u'=') &&
+           !value.startsWith(u'$') && !value.startsWith(u'-') && !holdsLabel(value) &&
+           !isPlaceholderWord(value);
 }
 
 } // namespace

@@ -50,7 +50,10 @@ bool isCode(QStringView code) {
     const bool isDate = code.size() == 10 && code[4] == u'-' && code[7] == u'-';
     const bool isWord = code.size() > 5 && hasBit(code.front(), digitBit) &&
                         std::ranges::all_of(code.last(5), isAsciiLetter) && code.contains(u'-');
-    return hasDigit && !isDate && !isWord;
+    const bool isMixedGroup = code.size() == 4 &&
+                              hasBit(code[0], upperBit) != hasBit(code[1], upperBit) &&
+                              hasBit(code[1], upperBit) != hasBit(code[2], upperBit);
+    return (hasDigit || isMixedGroup) && !isDate && !isWord;
 }
 
 } // namespace
@@ -120,6 +123,9 @@ std::optional<SecretRange> codeBefore(QStringView text, const Label& label) {
         --start;
     if (start > 0 && !hasBit(text[start - 1], lineEndBit))
         return {};
+    start = afterBlanks(text, start);
+    while (QStringView(u"<#>").contains(unitAt(text, start)) && !unitAt(text, start).isNull())
+        ++start;
     start = afterBlanks(text, start);
     // "G-482913"
     if (isAsciiLetter(unitAt(text, start)) && unitAt(text, start + 1) == u'-')

@@ -85,6 +85,9 @@ bool isGroupedNumber(const Candidate& candidate) {
     };
     const QStringView written = candidate.written;
     const qsizetype firstGroup = written.indexOf(u'-');
+    for (const QStringView group : written.tokenize(u'-'))
+        if (firstGroup > 0 && group.size() != firstGroup)
+            return false;
     // A year begins a date.
     return std::ranges::all_of(written, isPart) && hasBit(written.front(), digitBit) &&
            hasBit(written.back(), digitBit) && firstGroup != 4 && firstGroup != 1;
@@ -117,8 +120,11 @@ bool isPin(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
     const bool isSecurityCode = isOfCard(candidate);
-    const bool isSeparated =
-        candidate.value.separator != Separator::blank || isLoud || isSecurityCode;
+    // Longer names have no other meaning.
+    constexpr qsizetype shortName = 6;
+    const bool isSeparated = candidate.value.separator != Separator::blank || isLoud ||
+                             isSecurityCode ||
+                             candidate.label.end - candidate.label.start > shortName;
     return isGroupedNumber(candidate) && shape.digits >= (isSecurityCode ? 3 : 4) &&
            shape.digits <= 10 && isSeparated && reads(candidate) && !isPostalCode(candidate);
 }
@@ -130,7 +136,8 @@ bool isOpeningCode(const Candidate& candidate) {
     const bool hasMark = candidate.written.endsWith(u'#') || candidate.written.endsWith(u'*');
     const bool isNumber = isGroupedNumber(candidate) && shape.digits >= 4;
     const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
-                         !candidate.written.contains(u' ') && shape.size <= 10;
+                         !candidate.written.contains(u' ') && shape.size <= 10 &&
+                         candidate.value.separator != Separator::blank;
     const bool isYear =
         candidate.value.separator == Separator::blank && shape.size == 4 &&
         (candidate.written.startsWith(u"19") || candidate.written.startsWith(u"20"));

@@ -76,6 +76,8 @@ inline constexpr Option options[] = {
     {u"pscp", u"-pw", Place::next},
     {u"putty", u"-pw", Place::next},
     {u"psftp", u"-pw", Place::next},
+    {u"rclone", u"obscure", Place::second},
+    {u"ssh-keygen", u"-N", Place::next},
     {u"useradd", u"-p", Place::striking},
     {u"usermod", u"-p", Place::striking},
     {u"gpg", u"--passphrase", Place::next},

@@ -25,20 +25,24 @@ inline constexpr QStringView joinedVerbs[] = {
 
 /// After such a word between label and separator the value is another thing; folded.
 inline constexpr QStringView turningWords[] = {
-    u"user",    u"username", u"login",     u"email",     u"mail",     u"account", u"benutzer",
-    u"konto",   u"hint",     u"length",    u"policy",    u"file",     u"changed", u"expires",
-    u"expired", u"expire",   u"min",       u"max",       u"minimum",  u"maximum", u"strength",
-    u"age",     u"field",    u"hash",      u"manager",   u"managers", u"format",  u"type",
-    u"rules",   u"geandert", u"must",      u"should",    u"muss",     u"mussen",  u"contains",
-    u"contain", u"enthalt",  u"version",   u"last",      u"update",   u"updated", u"attempts",
-    u"and",     u"und",      u"or",        u"oder",      u"with",     u"error",   u"failed",
-    u"does",    u"not",      u"ask",       u"see",       u"siehe",    u"link",    u"url",
-    u"reset",   u"reminder", u"request",   u"label",     u"name",     u"count",   u"number",
-    u"size",    u"index",    u"regex",     u"pattern",   u"hashing",  u"hashed",  u"encrypted",
-    u"stored",  u"using",    u"via",       u"from",      u"has",      u"have",    u"needs",
-    u"if",      u"when",     u"that",      u"expiry",    u"primaria", u"primary", u"public",
-    u"foranea", u"created",  u"according", u"algorithm", u"used",     u"deleted", u"due",
-    u"history", u"timeout",
+    u"user",    u"username", u"login",     u"email",     u"mail",      u"account",  u"benutzer",
+    u"konto",   u"hint",     u"length",    u"policy",    u"file",      u"expires",  u"expired",
+    u"expire",  u"min",      u"max",       u"minimum",   u"maximum",   u"strength", u"age",
+    u"field",   u"hash",     u"manager",   u"managers",  u"format",    u"type",     u"rules",
+    u"must",    u"should",   u"muss",      u"mussen",    u"contains",  u"contain",  u"enthalt",
+    u"version", u"last",     u"update",    u"attempts",  u"and",       u"und",      u"or",
+    u"oder",    u"with",     u"error",     u"failed",    u"does",      u"not",      u"ask",
+    u"see",     u"siehe",    u"link",      u"url",       u"reminder",  u"request",  u"label",
+    u"name",    u"count",    u"number",    u"size",      u"index",     u"regex",    u"pattern",
+    u"hashing", u"hashed",   u"encrypted", u"stored",    u"using",     u"via",      u"from",
+    u"needs",   u"if",       u"when",      u"that",      u"expiry",    u"primaria", u"primary",
+    u"public",  u"foranea",  u"created",   u"according", u"algorithm", u"used",     u"deleted",
+    u"due",     u"history",  u"timeout",
+};
+
+/// The same, unless the separator says what the password became; folded.
+inline constexpr QStringView changeWords[] = {
+    u"changed", u"reset", u"updated", u"geandert", u"change", u"set", u"has", u"have",
 };
 
 /// A password may follow such a word without a separator; lower case.

@@ -143,13 +143,21 @@ std::optional<Gap> argumentGap(QStringView text, const Label& label) {
     return Gap{Separator::comma, false, value};
 }
 
-/// Whether one of the words makes the value another thing.
-bool isTurning(QStringView words) {
-    const QString plain = folded(words);
-    for (const QStringView word : QStringView(plain).tokenize(u' '))
-        if (std::ranges::find(turningWords, word) != std::end(turningWords))
+template <size_t size>
+bool holdsWord(QStringView plain, const QStringView (&words)[size]) {
+    for (const QStringView word : plain.tokenize(u' '))
+        if (std::ranges::find(words, word) != std::end(words))
             return true;
     return false;
+}
+
+/// Whether one of the words makes the value another thing; `before` is what precedes the value.
+bool isTurning(const Label& label, QStringView words, QStringView before) {
+    if (label.kind == LabelKind::code || label.kind == LabelKind::pin)
+        return false;
+    const QString plain = folded(words);
+    const bool becomes = before.endsWith(u" to") || before.endsWith(u" auf");
+    return holdsWord(plain, turningWords) || (!becomes && holdsWord(plain, changeWords));
 }
 
 std::optional<Gap> separatorAt(QStringView text, qsizetype at) {
@@ -217,15 +225,28 @@ std::optional<Gap> farGap(QStringView text, const Label& label, qsizetype at) {
                        : std::nullopt;
         if (gap) {
             gap->isFar = true;
-            return isTurning(text.mid(first, at - first)) ? std::nullopt : gap;
+            return isTurning(label, text.mid(first, at - first),
+                             text.mid(first, gap->end - first).trimmed())
+                       ? std::nullopt
+                       : gap;
         }
         if (!isApart)
             return {};
-        if (leadsOn(text, label, written, next) && !isTurning(text.mid(first, at - first)))
+        if (leadsOn(text, label, written, next) &&
+            !isTurning(label, text.mid(first, at - first), {}))
             return Gap{Separator::blank, false, next, true};
         at = next;
     }
     return {};
+}
+
+/// "The password to the house"; in other languages the word is a verb.
+bool isPreposition(QStringView text, const Label& label, qsizetype at) {
+    constexpr QStringView english[] = {u"word", u"code", u"pass", u"pin", u"key", u"token", u"pw"};
+    const QStringView name = text.mid(label.start, label.end - label.start);
+    const auto isEnd = [name](QStringView end) { return name.endsWith(end, Qt::CaseInsensitive); };
+    return text.mid(at, 3).compare(u"to ", Qt::CaseInsensitive) == 0 &&
+           std::ranges::any_of(english, isEnd);
 }
 
 } // namespace
@@ -278,7 +299,7 @@ std::optional<Gap> gapAfter(QStringView text, const Label& label) {
     }
     if (const auto gap = dashGap(text, at))
         return gap;
-    if (const auto gap = verbGap(text, at))
+    if (const auto gap = verbGap(text, at); gap && !isPreposition(text, label, at))
         return gap;
     // As forms are copied: a label on a line of its own.
     if (hasBit(unitAt(text, at), lineEndBit) && label.style == LabelStyle::word)

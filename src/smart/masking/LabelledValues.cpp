@@ -108,6 +108,8 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         return {};
     if (isQuote(unitAt(text, start)) && gap->separator != Separator::tag) {
         const qsizetype close = closingQuote(text, start + 1, text[start]);
+        if (close >= 0 && label.kind == LabelKind::pair)
+            return {};
         if (close >= 0) {
             value.isQuoted = true;
             value.start = start + 1;

@@ -72,6 +72,7 @@ inline constexpr LabelForm passwordLabels[] = {
     {u"sifresi", LabelKind::password, LabelBoundary::wordStart},
     {u"fjalekalimi", LabelKind::password},
     {u"pasahitza", LabelKind::password},
+    {u"clavedinamica", LabelKind::password},
     {u"katasandi", LabelKind::password},
     {u"katalaluan", LabelKind::password},
     {u"matkhau", LabelKind::password},

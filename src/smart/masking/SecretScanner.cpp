@@ -214,7 +214,8 @@ bool SecretScanner::readListOrColumn(const Label& label) {
         return false;
     const auto gap = gapAfter(m_text, label);
     std::optional<SecretRange> range;
-    if (gap && isList && gap->separator != Separator::blank)
+    const bool isFarSeed = gap && gap->isFar && label.kind == LabelKind::seed;
+    if (gap && isList && gap->separator != Separator::blank && !isFarSeed)
         range = label.kind == LabelKind::codes ? codeListAt(m_text, gap->end)
                                                : seedWordsAt(m_text, gap->end);
     else if (gap && isKey)

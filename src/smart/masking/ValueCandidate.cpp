@@ -117,6 +117,7 @@ bool isExpression(const Candidate& candidate) {
 }
 
 bool isNameOfVariable(const Candidate& candidate) {
+    constexpr int mostChanges = 7;
     const QStringView value = candidate.written;
     if (!isOnlyOf(value, wordBit, u"-."))
         return false;
@@ -126,7 +127,8 @@ bool isNameOfVariable(const Candidate& candidate) {
         std::ranges::any_of(value.mid(1), [](QChar unit) { return unit.isUpper(); });
     const bool isConstant = candidate.shape.lower == 0 && candidate.shape.upper > 2 &&
                             (isCompound || candidate.shape.digits == 0) &&
-                            candidate.shape.digits * 3 < candidate.shape.size;
+                            candidate.shape.digits * 3 < candidate.shape.size &&
+                            candidate.shape.changes < mostChanges;
     if (isConstant)
         return true;
     const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);

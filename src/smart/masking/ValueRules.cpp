@@ -144,7 +144,7 @@ bool isNumberAsPassword(const Candidate& candidate) {
     const bool isNumber =
         shape.letters() == 0 && shape.digits >= 4 && (shape.symbols == 0 || isGrouped || isMarked);
     const bool isAtEnd = candidate.label.style == LabelStyle::plain || !readsOn(candidate);
-    const bool isLong = shape.digits >= 8 && candidate.value.separator == Separator::blank;
+    const bool isLong = shape.digits >= 6 && candidate.value.separator == Separator::blank;
     return isNumber && isAtEnd && (candidate.value.separator == Separator::verb || isLong);
 }
 
@@ -279,7 +279,21 @@ bool isWorthReading(QStringView text, const Label& label, const LabelledValue& v
            !std::ranges::all_of(value.in(text), isLetter);
 }
 
+/// "WEATHER_KEY=8f3a22bc91d04e77a1b5"
+bool isNamedKey(const Candidate& candidate) {
+    constexpr int least = 20;
+    const RunShape& shape = candidate.shape;
+    const Label& label = candidate.label;
+    const bool isPublic = candidate.text.mid(label.start, label.end - label.start)
+                              .contains(u"pub", Qt::CaseInsensitive);
+    return label.style == LabelStyle::constant && candidate.isAssigned() && !isPublic &&
+           shape.size >= least && shape.symbols == 0 && shape.digits >= 3 && shape.letters() > 3 &&
+           looksGenerated(shape);
+}
+
 bool isNetworkKey(const Candidate& candidate) {
+    if (isNamedKey(candidate))
+        return true;
     return (candidate.isAssigned() || candidate.shape.digits >= 8) && candidate.shape.size >= 8 &&
            (candidate.shape.digits > 0 || candidate.shape.symbols > 1) &&
            !candidate.written.contains(u' ') && followsNetwork(candidate);
