@@ -137,7 +137,7 @@ bool isOpeningCode(const Candidate& candidate) {
     const bool isNumber = isGroupedNumber(candidate) && shape.digits >= 4;
     const bool isMixed = (hasLetters || hasMark) && shape.digits >= 3 &&
                          !candidate.written.contains(u' ') && shape.size <= 10 &&
-                         candidate.value.separator != Separator::blank;
+                         (hasMark || candidate.value.separator != Separator::blank);
     const bool isYear =
         candidate.value.separator == Separator::blank && shape.size == 4 &&
         (candidate.written.startsWith(u"19") || candidate.written.startsWith(u"20"));
