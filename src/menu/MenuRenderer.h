@@ -22,8 +22,8 @@ public:
     /// Shows the tree at the pointer, wholly on one screen.
     virtual void open(const QList<MenuItem>& tree) = 0;
 
-    /// Replaces what the open menu shows, in place: the highlight stays on its item, an open submenu
-    /// with its item, the typed text in the search field. Nothing when it is closed.
+    /// Replaces what the open menu shows, in place: the highlight stays on its item, an open
+    /// submenu with its item, the typed text in the search field. Nothing when it is closed.
     virtual void update(const QList<MenuItem>& tree) = 0;
 
     /// Gives a lazy submenu its items, by its identifier.

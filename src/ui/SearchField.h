@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QWidgetAction>
+
+namespace quorvel {
+
+/// The line edit inside a menu. Every key reaches the menu first, which hands back what is typing.
+class SearchField final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    enum class Submenu { closed, open };
+
+    explicit SearchField(QWidget* parent);
+
+    /// Shows another text without telling it as a change by the user.
+    void showText(const QString& text);
+
+    /// Takes a press that edits the text; false for one that drives the menu.
+    bool take(QKeyEvent& press, Submenu submenu);
+
+signals:
+    void changedByUser(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    bool m_isShowing = false;
+};
+
+/// The row of a menu that the search field stands in. As an action it is disabled, so that the
+/// highlight passes over it; its widget is not.
+class SearchRow final : public QWidgetAction {
+    Q_OBJECT
+
+public:
+    SearchRow(QObject* parent, const QIcon& magnifier);
+
+    SearchField& field() const { return *m_field; }
+
+    /// The row is as wide as the widest of its menu's rows, within limits.
+    void setMenuWidth(int width);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    QWidget* m_container;
+    SearchField* m_field;
+};
+
+/// How wide a search field's row or a text may get for a menu of this width.
+int widthOfWideRow(int menuWidth);
+
+} // namespace quorvel
