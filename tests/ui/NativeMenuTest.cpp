@@ -76,6 +76,20 @@ private:
     xcb_connection_t* m_connection;
 };
 
+/// Another keyboard layout as long as this lives.
+class KeyboardLayout {
+public:
+    explicit KeyboardLayout(const QStringList& layout) { set(layout); }
+    KeyboardLayout(const KeyboardLayout&) = delete;
+    KeyboardLayout& operator=(const KeyboardLayout&) = delete;
+    ~KeyboardLayout() { set({QStringLiteral("us"), QStringLiteral("-option")}); }
+
+private:
+    static void set(const QStringList& layout) {
+        EXPECT_EQ(uiDesktop().run(QStringLiteral("setxkbmap"), layout).exitCode, 0);
+    }
+};
+
 class NativeMenuTest : public testing::Test {
 protected:
     NativeMenuTest() {
@@ -395,6 +409,9 @@ TEST_F(NativeMenuTest, typingGoesToTheSearchFieldWhereverTheHighlightIs) {
 }
 
 TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
+    const KeyboardLayout deadKeys({QStringLiteral("us"), QStringLiteral("-variant"),
+                                   QStringLiteral("intl"), QStringLiteral("-option"),
+                                   QStringLiteral("compose:menu")});
     open(searchable({QStringLiteral("a"), QStringLiteral("b")}));
     ASSERT_TRUE(highlight(QStringLiteral("b")));
     for (const char* key : {"dead_acute", "e", "Multi_key", "s", "s"})
