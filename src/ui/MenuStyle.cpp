@@ -85,7 +85,8 @@ QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     if (row->state & captionState)
         size.setHeight(row->fontMetrics.height() + 2 * captionPadding);
     else if (row->state & textState)
-        size = QFontMetrics(row->font).size(0, row->text) + QSize(2 * sideMargin, 2 * textPadding);
+        size = QFontMetrics(row->font).size(0, row->text) +
+               QSize(2 * sideMargin - row->reservedShortcutWidth, 2 * textPadding);
     else
         size.setHeight(std::max(size.height(), leastRowHeight));
     return size;
@@ -100,6 +101,7 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* result) const {
     switch (hint) {
     case SH_MenuBar_AltKeyNavigation: // Otherwise pressing Alt closes the menu.
+    case SH_EtchDisabledText:
     case SH_Menu_AllowActiveAndDisabled:
     case SH_Menu_FlashTriggeredItem: // These two would run an event loop before the choice.
     case SH_Menu_FadeOutOnHide:

@@ -45,6 +45,16 @@ void showBeside(QWidget& menu, const QRect& row, const QString& text) {
 
 constexpr int mostTextLines = 8;
 
+/// Paler than a row to choose, and still to be read well.
+void makeQuiet(QPalette& palette) {
+    constexpr float opacity = 0.6F;
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        QColor colour = palette.color(QPalette::Active, role);
+        colour.setAlphaF(opacity);
+        palette.setColor(QPalette::Disabled, role, colour);
+    }
+}
+
 bool isKind(const MenuItem& item, MenuItemKind kind) {
     return item.kind == kind;
 }
@@ -84,7 +94,7 @@ void MenuWidget::setItems(const QList<MenuItem>& items) {
     const QAction* highlighted = activeAction();
     const MenuItem highlightedItem = highlighted ? rowOf(*highlighted).item : MenuItem{};
     const bool isNewQuery = takesNewQuery(items);
-    m_wideRow = wideRowWidth(items);
+    measure(items);
     {
         const QScopedValueRollback filling(m_isFilling, true);
         m_hasIcons = false;
@@ -189,10 +199,13 @@ void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* ac
     const Row& row = rowOf(*action);
     if (isKind(row.item, MenuItemKind::header))
         option->state |= MenuStyle::captionState;
+    if (isKind(row.item, MenuItemKind::hint))
+        makeQuiet(option->palette);
     if (!isKind(row.item, MenuItemKind::textBox))
         return;
     option->state |= MenuStyle::textState;
     option->text = row.wrapped;
+    option->reservedShortcutWidth = m_keyColumn;
 }
 
 /// Each change of a row would lay out the whole menu; while filling, one layout follows at the end.
@@ -288,7 +301,7 @@ void MenuWidget::placeSearchRow(size_t index) {
     if (const qsizetype place = all.indexOf(row.action); place == 0 || all[place - 1] != m_search)
         insertAction(row.action, m_search);
     m_search->setData(qulonglong(index));
-    m_search->setMenuWidth(m_wideRow);
+    m_search->setLeastWidth(m_wideRow - m_keyColumn);
     m_search->field().setPlaceholderText(row.item.title);
     if (!isVisible() || !m_search->isVisible())
         m_search->field().showText(row.item.representedObject);
@@ -327,14 +340,22 @@ bool MenuWidget::takesNewQuery(const QList<MenuItem>& items) {
     return isAnother && isVisible() && m_searchIndex;
 }
 
-int MenuWidget::wideRowWidth(const QList<MenuItem>& items) const {
+/// What fills the width of the menu. The toolkit adds the column of the keys to each row.
+void MenuWidget::measure(const QList<MenuItem>& items) {
     const bool isNeeded = std::any_of(items.begin(), items.end(), [](const MenuItem& item) {
         return isKind(item, MenuItemKind::searchField) || isKind(item, MenuItemKind::textBox);
     });
     if (!isNeeded)
-        return 0;
+        return;
     const int widthNow = isVisible() ? width() : 0;
-    return widthOfWideRow(std::max(measuredMenuWidth(items, fontMetrics()), widthNow));
+    m_wideRow = widthOfWideRow(std::max(measuredMenuWidth(items, fontMetrics()), widthNow));
+    m_keyColumn = 0;
+    for (const MenuItem& item : items) {
+        if (!item.keyEquivalent.key.isEmpty())
+            m_keyColumn =
+                std::max(m_keyColumn,
+                         fontMetrics().horizontalAdvance(m_context.keyText(item.keyEquivalent)));
+    }
 }
 
 void MenuWidget::attachSubmenu(size_t index) {

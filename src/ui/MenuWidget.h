@@ -86,7 +86,7 @@ private:
     void settleSearchRow();
     void focusSearchField();
     bool takesNewQuery(const QList<MenuItem>& items);
-    int wideRowWidth(const QList<MenuItem>& items) const;
+    void measure(const QList<MenuItem>& items);
     void attachSubmenu(size_t index);
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
@@ -110,6 +110,7 @@ private:
     QString m_answeredQuery; ///< What was in the field when the items were last replaced.
     QString m_itemsQuery;    ///< What the items are the answer to.
     int m_wideRow = 0;
+    int m_keyColumn = 0;
     bool m_awaitsFirstPaint = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -26,14 +27,29 @@ bool isAmong(const std::array<Qt::Key, count>& keys, int key) {
     return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
-/// Keeps clicks beside the field from reaching the menu, which would take them for a choice.
-class Container final : public QWidget {
+} // namespace
+
+/// Keeps the field in its place, and clicks beside it from the menu, which would take them for a
+/// choice.
+class SearchContainer final : public QWidget {
+public:
+    SearchContainer() { setMaximumWidth(mostWidth); }
+
+    void setLeastWidth(int width) { m_leastWidth = width; }
+    QSize sizeHint() const override { return {m_leastWidth, rowHeight}; }
+
 protected:
     void mousePressEvent(QMouseEvent* event) override { event->accept(); }
     void mouseReleaseEvent(QMouseEvent* event) override { event->accept(); }
-};
+    void resizeEvent(QResizeEvent* event) override {
+        const QSize size(event->size().width() - 2 * fieldPlace.x(), fieldHeight);
+        for (auto* field : findChildren<SearchField*>(Qt::FindDirectChildrenOnly))
+            field->setGeometry(QRect(fieldPlace, size));
+    }
 
-} // namespace
+private:
+    int m_leastWidth = leastWidth;
+};
 
 SearchField::SearchField(QWidget* parent)
     : QLineEdit(parent) {
@@ -75,18 +91,15 @@ void SearchField::keyReleaseEvent(QKeyEvent* event) {
 
 SearchRow::SearchRow(QObject* parent, const QIcon& magnifier)
     : QWidgetAction(parent)
-    , m_container(new Container)
+    , m_container(new SearchContainer)
     , m_field(new SearchField(m_container)) {
     m_field->addAction(magnifier, QLineEdit::LeadingPosition);
-    setMenuWidth(leastWidth);
     setDefaultWidget(m_container);
     setEnabled(false);
 }
 
-void SearchRow::setMenuWidth(int width) {
-    const int rowWidth = widthOfWideRow(width);
-    m_container->setFixedSize(rowWidth, rowHeight);
-    m_field->setGeometry(QRect(fieldPlace, QSize(rowWidth - 2 * fieldPlace.x(), fieldHeight)));
+void SearchRow::setLeastWidth(int width) {
+    m_container->setLeastWidth(width);
 }
 
 /// Without what a widget action does when it changes: its widget stays enabled.

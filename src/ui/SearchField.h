@@ -31,6 +31,8 @@ private:
     bool m_isShowing = false;
 };
 
+class SearchContainer;
+
 /// The row of a menu that the search field stands in. As an action it is disabled, so that the
 /// highlight passes over it; its widget is not.
 class SearchRow final : public QWidgetAction {
@@ -41,14 +43,14 @@ public:
 
     SearchField& field() const { return *m_field; }
 
-    /// The row is as wide as the widest of its menu's rows, within limits.
-    void setMenuWidth(int width);
+    /// The width that the row asks of its menu; it fills the menu then.
+    void setLeastWidth(int width);
 
 protected:
     bool event(QEvent* event) override;
 
 private:
-    QWidget* m_container;
+    SearchContainer* m_container;
     SearchField* m_field;
 };
 
