@@ -56,10 +56,10 @@ QString withLineSeparators(const QString& text) {
     return lines;
 }
 
-/// The last line that is shown, with as much of the text after it as fits.
-QString lastLine(QString rest, const QFont& font, int width) {
-    rest.replace(QChar::LineSeparator, QLatin1Char(' '));
-    return QFontMetrics(font).elidedText(rest + ellipsis, Qt::ElideRight, width);
+/// The last line that is shown, with as much of its paragraph as fits.
+QString lastLine(const QString& rest, const QFont& font, int width) {
+    const QString paragraph = rest.left(rest.indexOf(QChar::LineSeparator));
+    return QFontMetrics(font).elidedText(paragraph + ellipsis, Qt::ElideRight, width);
 }
 
 } // namespace
@@ -73,9 +73,11 @@ QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWid
     return line.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
-int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics) {
+int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics, int mostWidth) {
     int widest = leastTitleWidth;
     for (const MenuItem& item : items) {
+        if (widest + widthBesideTitle >= mostWidth)
+            break;
         if (item.kind != MenuItemKind::separator && item.kind != MenuItemKind::textBox)
             widest =
                 std::max(widest, metrics.horizontalAdvance(item.title.left(mostMeasuredUnits)));

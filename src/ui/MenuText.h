@@ -11,8 +11,9 @@ namespace quorvel {
 /// middle is left out, so that the end stays visible).
 QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth);
 
-/// The width that these items ask of their menu, by their titles alone.
-int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics);
+/// The width that these items ask of their menu, by their titles alone; measured no further than
+/// `mostWidth`.
+int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics, int mostWidth);
 
 /// The text as lines of at most `width` pixels, separated by line breaks; what goes beyond
 /// `mostLines` is left out.

@@ -1,5 +1,7 @@
 #include "ui/MenuTree.h"
 
+#include <tuple>
+
 namespace quorvel {
 
 namespace {
@@ -58,6 +60,15 @@ bool isSameItem(const MenuItem& a, const MenuItem& b) {
         return false;
     const bool isNamed = !a.identifier.isEmpty() || !a.representedObject.isEmpty();
     return isNamed || a.title == b.title;
+}
+
+bool looksAlike(const MenuItem& a, const MenuItem& b) {
+    const auto look = [](const MenuItem& item) {
+        return std::tie(item.kind, item.enabled, item.isPinned, item.action, item.title,
+                        item.keyEquivalent, item.symbol, item.colorName);
+    };
+    const bool isPicture = !a.imagePNGData.isEmpty() || !b.imagePNGData.isEmpty();
+    return !isPicture && a.kind != MenuItemKind::textBox && look(a) == look(b);
 }
 
 } // namespace quorvel

@@ -19,4 +19,7 @@ bool fillSubmenuItem(QList<MenuItem>& items, const QString& identifier,
 /// Whether both stand for the same thing, whatever they look like; an item may get a submenu.
 bool isSameItem(const MenuItem& a, const MenuItem& b);
 
+/// Whether the rows of both look the same; texts are left out, as they follow their menu's width.
+bool looksAlike(const MenuItem& a, const MenuItem& b);
+
 } // namespace quorvel

@@ -252,7 +252,22 @@ void MenuWidget::addRow() {
 void MenuWidget::fill(size_t index, const MenuItem& item) {
     Row& row = m_rows[index];
     const bool wasSame = isSameItem(row.item, item);
+    const bool looksSame = row.action->isVisible() && looksAlike(row.item, item);
     row.item = item;
+    if (!looksSame)
+        draw(row);
+    m_hasIcons = m_hasIcons || !row.action->icon().isNull();
+    if (isKind(item, MenuItemKind::searchField))
+        placeSearchRow(index);
+    if (item.hasSubmenu())
+        attachSubmenu(index);
+    else
+        row.action->setMenu(static_cast<QMenu*>(nullptr));
+    refreshOpenSubmenu(index, wasSame);
+}
+
+void MenuWidget::draw(Row& row) {
+    const MenuItem& item = row.item;
     const QString keys = m_context.keyText(item.keyEquivalent);
     const QString title = menuTitle(item.title, fontMetrics(), MenuStyle::mostTitleWidth);
     row.action->setText(keys.isEmpty() ? title : title + QLatin1Char('\t') + keys);
@@ -261,18 +276,10 @@ void MenuWidget::fill(size_t index, const MenuItem& item) {
     row.action->setSeparator(isKind(item, MenuItemKind::separator));
     row.action->setIcon(m_context.icon(item));
     row.action->setVisible(!isKind(item, MenuItemKind::searchField));
-    row.wrapped =
-        isKind(item, MenuItemKind::textBox)
-            ? wrappedText(item.title, font(), m_wideRow - 2 * MenuStyle::sideMargin, mostTextLines)
-            : QString();
-    if (isKind(item, MenuItemKind::searchField))
-        placeSearchRow(index);
-    m_hasIcons = m_hasIcons || !row.action->icon().isNull();
-    if (item.hasSubmenu())
-        attachSubmenu(index);
-    else
-        row.action->setMenu(static_cast<QMenu*>(nullptr));
-    refreshOpenSubmenu(index, wasSame);
+    const int textWidth = m_wideRow - 2 * MenuStyle::sideMargin;
+    row.wrapped = isKind(item, MenuItemKind::textBox)
+                      ? wrappedText(item.title, font(), textWidth, mostTextLines)
+                      : QString();
 }
 
 void MenuWidget::empty(Row& row) {
@@ -348,7 +355,9 @@ void MenuWidget::measure(const QList<MenuItem>& items) {
     if (!isNeeded)
         return;
     const int widthNow = isVisible() ? width() : 0;
-    m_wideRow = widthOfWideRow(std::max(measuredMenuWidth(items, fontMetrics()), widthNow));
+    const int measured =
+        widthNow >= mostWideRow ? widthNow : measuredMenuWidth(items, fontMetrics(), mostWideRow);
+    m_wideRow = std::clamp(std::max(measured, widthNow), leastWideRow, mostWideRow);
     m_keyColumn = 0;
     for (const MenuItem& item : items) {
         if (!item.keyEquivalent.key.isEmpty())

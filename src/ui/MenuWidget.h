@@ -80,6 +80,7 @@ private:
 
     void addRow();
     void fill(size_t index, const MenuItem& item);
+    void draw(Row& row);
     void empty(Row& row);
     void addSearchRow();
     void placeSearchRow(size_t index);

@@ -12,8 +12,6 @@ namespace quorvel {
 
 namespace {
 
-constexpr int leastWidth = 360;
-constexpr int mostWidth = 520;
 constexpr int rowHeight = 40;
 constexpr QPoint fieldPlace(10, 6);
 constexpr int fieldHeight = 28;
@@ -33,7 +31,7 @@ bool isAmong(const std::array<Qt::Key, count>& keys, int key) {
 /// choice.
 class SearchContainer final : public QWidget {
 public:
-    SearchContainer() { setMaximumWidth(mostWidth); }
+    SearchContainer() { setMaximumWidth(mostWideRow); }
 
     void setLeastWidth(int width) { m_leastWidth = width; }
     QSize sizeHint() const override { return {m_leastWidth, rowHeight}; }
@@ -48,7 +46,7 @@ protected:
     }
 
 private:
-    int m_leastWidth = leastWidth;
+    int m_leastWidth = leastWideRow;
 };
 
 SearchField::SearchField(QWidget* parent)
@@ -105,10 +103,6 @@ void SearchRow::setLeastWidth(int width) {
 /// Without what a widget action does when it changes: its widget stays enabled.
 bool SearchRow::event(QEvent* event) {
     return QAction::event(event);
-}
-
-int widthOfWideRow(int menuWidth) {
-    return std::clamp(menuWidth, leastWidth, mostWidth);
 }
 
 } // namespace quorvel

@@ -33,6 +33,10 @@ private:
 
 class SearchContainer;
 
+/// Between these widths a row that fills its menu follows it: a search field, a text.
+inline constexpr int leastWideRow = 360;
+inline constexpr int mostWideRow = 520;
+
 /// The row of a menu that the search field stands in. As an action it is disabled, so that the
 /// highlight passes over it; its widget is not.
 class SearchRow final : public QWidgetAction {
@@ -53,8 +57,5 @@ private:
     SearchContainer* m_container;
     SearchField* m_field;
 };
-
-/// How wide a search field's row or a text may get for a menu of this width.
-int widthOfWideRow(int menuWidth);
 
 } // namespace quorvel
