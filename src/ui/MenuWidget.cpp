@@ -44,6 +44,7 @@ void showBeside(QWidget& menu, const QRect& row, const QString& text) {
 }
 
 constexpr int mostTextLines = 8;
+constexpr qsizetype mostKnownTitles = 500;
 
 /// Paler than a row to choose, and still to be read well.
 void makeQuiet(QPalette& palette) {
@@ -136,6 +137,7 @@ void MenuWidget::release() {
             row.submenu->deleteLater();
         row.submenu = nullptr;
     }
+    m_titles.clear();
     m_searchIndex.reset();
     settleSearchRow();
 }
@@ -245,6 +247,7 @@ void MenuWidget::addRow() {
     action->setIconVisibleInMenu(true);
     connect(action, &QAction::triggered, this,
             [this, index] { m_context.chosen(m_rows[index].item); });
+    connect(action, &QAction::hovered, this, [this, index] { prepareSubmenu(index); });
     m_rows.push_back({.action = action});
     addAction(action);
 }
@@ -269,7 +272,7 @@ void MenuWidget::fill(size_t index, const MenuItem& item) {
 void MenuWidget::draw(Row& row) {
     const MenuItem& item = row.item;
     const QString keys = m_context.keyText(item.keyEquivalent);
-    const QString title = menuTitle(item.title, fontMetrics(), MenuStyle::mostTitleWidth);
+    const QString title = shownTitle(item.title);
     row.action->setText(keys.isEmpty() ? title : title + QLatin1Char('\t') + keys);
     row.action->setFont(rowFont(item, font()));
     row.action->setEnabled(isEnabledRow(item));
@@ -280,6 +283,15 @@ void MenuWidget::draw(Row& row) {
     row.wrapped = isKind(item, MenuItemKind::textBox)
                       ? wrappedText(item.title, font(), textWidth, mostTextLines)
                       : QString();
+}
+
+/// Measuring titles is the greater part of filling rows, and filters move the same ones about.
+QString MenuWidget::shownTitle(const QString& title) {
+    if (const auto known = m_titles.constFind(title); known != m_titles.constEnd())
+        return *known;
+    if (m_titles.size() >= mostKnownTitles)
+        m_titles.clear();
+    return *m_titles.insert(title, menuTitle(title, fontMetrics(), MenuStyle::mostTitleWidth));
 }
 
 void MenuWidget::empty(Row& row) {
@@ -354,10 +366,8 @@ void MenuWidget::measure(const QList<MenuItem>& items) {
     });
     if (!isNeeded)
         return;
-    const int widthNow = isVisible() ? width() : 0;
-    const int measured =
-        widthNow >= mostWideRow ? widthNow : measuredMenuWidth(items, fontMetrics(), mostWideRow);
-    m_wideRow = std::clamp(std::max(measured, widthNow), leastWideRow, mostWideRow);
+    const int asked = isVisible() ? width() : measuredMenuWidth(items, fontMetrics(), mostWideRow);
+    m_wideRow = std::clamp(asked, leastWideRow, mostWideRow);
     m_keyColumn = 0;
     for (const MenuItem& item : items) {
         if (!item.keyEquivalent.key.isEmpty())
@@ -367,12 +377,29 @@ void MenuWidget::measure(const QList<MenuItem>& items) {
     }
 }
 
+/// Most submenus are never looked at; until then one empty menu stands for them all.
 void MenuWidget::attachSubmenu(size_t index) {
+    const Row& row = m_rows[index];
+    if (row.submenu || row.action == activeAction())
+        return makeSubmenu(index);
+    if (!m_unopenedSubmenu)
+        m_unopenedSubmenu = new QMenu(this);
+    row.action->setMenu(m_unopenedSubmenu);
+}
+
+/// The highlight has come to the row; the toolkit opens its submenu next.
+void MenuWidget::prepareSubmenu(size_t index) {
+    if (!m_isFilling && m_rows[index].item.hasSubmenu())
+        makeSubmenu(index);
+}
+
+void MenuWidget::makeSubmenu(size_t index) {
     Row& row = m_rows[index];
     if (!row.submenu) {
         row.submenu = new MenuWidget(m_context, style(), this);
         connect(row.submenu, &QMenu::aboutToShow, this, [this, index] { showSubmenuItems(index); });
     }
+    const QScopedValueRollback filling(m_isFilling, true);
     row.submenu->setFocusProxy(focusProxy());
     row.action->setMenu(row.submenu);
 }
@@ -432,12 +459,12 @@ QRect MenuWidget::placeOfNewSize() const {
 }
 
 /// Without opening the submenu of its row.
-void MenuWidget::highlight(QAction* action) {
+void MenuWidget::highlight(const Row& row) {
     const QScopedValueRollback filling(m_isFilling, true);
-    QMenu* submenu = action->menu<QMenu*>();
-    action->setMenu(static_cast<QMenu*>(nullptr));
-    setActiveAction(action);
-    action->setMenu(submenu);
+    row.action->setMenu(static_cast<QMenu*>(nullptr));
+    setActiveAction(row.action);
+    if (row.item.hasSubmenu())
+        makeSubmenu(size_t(&row - m_rows.data()));
 }
 
 void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
@@ -447,7 +474,7 @@ void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
                                    [&](const Row& row) { return isSameItem(row.item, item); });
     if (same != m_rows.end() && same->action->isEnabled()) {
         if (same->action != previous)
-            highlight(same->action);
+            highlight(*same);
     } else if (rowOf(*previous).item.kind != MenuItemKind::ordinary || !previous->isEnabled() ||
                !previous->isVisible()) {
         setActiveAction(nullptr);
@@ -464,7 +491,7 @@ void MenuWidget::highlightFirstFound() {
     if (first == m_rows.end())
         setActiveAction(nullptr);
     else if (first->action != activeAction())
-        highlight(first->action);
+        highlight(*first);
 }
 
 void MenuWidget::showToolTip(const QHelpEvent& help) {

@@ -2,6 +2,7 @@
 
 #include "menu/MenuItem.h"
 
+#include <QHash>
 #include <QMenu>
 
 #include <functional>
@@ -88,12 +89,15 @@ private:
     void focusSearchField();
     bool takesNewQuery(const QList<MenuItem>& items);
     void measure(const QList<MenuItem>& items);
+    QString shownTitle(const QString& title);
     void attachSubmenu(size_t index);
+    void prepareSubmenu(size_t index);
+    void makeSubmenu(size_t index);
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
     void layOutAgain();
     QRect placeOfNewSize() const;
-    void highlight(QAction* action);
+    void highlight(const Row& row);
     void highlightAgain(const MenuItem& item, const QAction* previous);
     void highlightFirstFound();
     void showToolTip(const QHelpEvent& help);
@@ -106,6 +110,8 @@ private:
     std::optional<int> m_upperEdge; ///< Where one edge stays when the height changes.
     std::optional<int> m_lowerEdge;
     std::optional<int> m_rightEdge; ///< Where it stays when the width changes.
+    QMenu* m_unopenedSubmenu = nullptr;
+    QHash<QString, QString> m_titles; ///< As they are shown.
     SearchRow* m_search = nullptr;
     std::optional<size_t> m_searchIndex;
     QString m_answeredQuery; ///< What was in the field when the items were last replaced.
