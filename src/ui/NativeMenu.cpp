@@ -2,6 +2,7 @@
 
 #include "foundation/Log.h"
 #include "ui/Icons.h"
+#include "ui/ItemIcons.h"
 #include "ui/MenuKeys.h"
 #include "ui/PopupGrab.h"
 
@@ -26,6 +27,20 @@ bool isModifierKey(int key) {
     return std::find(modifierKeys.begin(), modifierKeys.end(), key) != modifierKeys.end();
 }
 
+/// Meta is left out: it is also what Alt gives together with Shift.
+Modifiers modifierOf(int key) {
+    switch (key) {
+    case Qt::Key_Alt:
+        return Modifier::option;
+    case Qt::Key_Control:
+        return Modifier::control;
+    case Qt::Key_Shift:
+        return Modifier::shift;
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
@@ -33,6 +48,7 @@ NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
     , m_menu(m_context, &m_style) {
     connect(&m_menu, &QMenu::aboutToHide, this, &NativeMenu::menuHidden);
     connect(&m_menu, &MenuWidget::painted, this, &NativeMenu::painted);
+    connect(&m_menu, &MenuWidget::searchChanged, this, &NativeMenu::searchChanged);
     connect(&m_thumbnails, &Thumbnails::decoded, &m_menu, &MenuWidget::refreshPictures);
     m_grabRetry.setSingleShot(true);
     connect(&m_grabRetry, &QTimer::timeout, this, &NativeMenu::secureGrabs);
@@ -94,25 +110,36 @@ Modifiers NativeMenu::currentModifiers() const {
 MenuContext NativeMenu::context(const Icons& icons, const StringTable& strings) {
     MenuContext context;
     context.icon = [this, &icons](const MenuItem& item) {
-        if (item.imagePNGData.isEmpty())
-            return icons.symbol(item.symbol);
-        const QIcon thumbnail = m_thumbnails.icon(item.imagePNGData);
-        return thumbnail.isNull() ? icons.symbol(QStringLiteral("photo")) : thumbnail;
+        const QIcon plain = icon(item, icons);
+        return item.isPinned ? pinnedIcon(plain, icons.symbol(QStringLiteral("pin"))) : plain;
     };
     context.keyText = [&strings](const KeyEquivalent& keys) {
         return keyEquivalentText(keys, strings);
     };
     context.takesKey = [this](const QKeyEvent& press) { return takesKey(press); };
-    context.keyReleased = [this](const QKeyEvent& release) { m_repeat.released(release); };
+    context.typed = [this](QKeyEvent& press) { return m_menu.type(press); };
+    context.keyReleased = [this](const QKeyEvent& release) { keyReleased(release); };
     context.chosen = [this](const MenuItem& item) { choose(item); };
     context.submenuOpening = [this](const QString& id) { emit submenuOpening(id); };
     return context;
 }
 
+QIcon NativeMenu::icon(const MenuItem& item, const Icons& icons) {
+    const QColor colour = QColor::fromString(item.colorName);
+    if (colour.isValid())
+        return swatchIcon(colour);
+    if (item.imagePNGData.isEmpty())
+        return icons.symbol(item.symbol);
+    const QIcon thumbnail = m_thumbnails.icon(item.imagePNGData);
+    return thumbnail.isNull() ? icons.symbol(QStringLiteral("photo")) : thumbnail;
+}
+
 /// The grab takes our own hot keys, too; a held one repeats and must not count as pressed again.
 bool NativeMenu::takesKey(const QKeyEvent& press) {
-    if (isModifierKey(press.key()))
+    if (isModifierKey(press.key())) {
+        modifierPressed(press);
         return true;
+    }
     if (isClosingKey(press)) {
         if (!m_repeat.isRepeat(press))
             close();
@@ -123,6 +150,18 @@ bool NativeMenu::takesKey(const QKeyEvent& press) {
     if (item && !m_repeat.isRepeat(press))
         choose(*item);
     return item.has_value();
+}
+
+/// The state that comes with the event is the one before it.
+void NativeMenu::modifierPressed(const QKeyEvent& press) {
+    if (isOpen() && !press.isAutoRepeat())
+        emit modifiersChanged(currentModifiers() | modifierOf(press.key()));
+}
+
+void NativeMenu::keyReleased(const QKeyEvent& release) {
+    m_repeat.released(release);
+    if (isOpen() && isModifierKey(release.key()) && !release.isAutoRepeat())
+        emit modifiersChanged(currentModifiers());
 }
 
 bool NativeMenu::isClosingKey(const QKeyEvent& press) const {

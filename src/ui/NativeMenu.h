@@ -44,7 +44,10 @@ private:
     enum class Phase { closed, open, ending };
 
     MenuContext context(const Icons& icons, const StringTable& strings);
+    QIcon icon(const MenuItem& item, const Icons& icons);
     bool takesKey(const QKeyEvent& press);
+    void keyReleased(const QKeyEvent& release);
+    void modifierPressed(const QKeyEvent& press);
     bool isClosingKey(const QKeyEvent& press) const;
     void choose(const MenuItem& item);
     void menuHidden();
