@@ -43,7 +43,7 @@ void StatusMenuController::open(MenuVariant variant) {
     m_state.variant = variant;
     menuWillOpen();
     const QList<MenuItem> tree = statusMenu(m_content, m_state);
-    m_renderer.open(tree);
+    m_renderer.open(tree, form());
     m_filler.scheduleWarmUp(tree);
     m_modifierFlagsTimer = m_mainQueue.every(
         modifierFlagsInterval, this, [this] { followModifiers(m_renderer.currentModifiers()); });
@@ -55,7 +55,12 @@ void StatusMenuController::close() {
 
 void StatusMenuController::warmUp() {
     if (!m_rootMenuIsOpen)
-        m_renderer.warmUp(statusMenu(m_content, m_state));
+        m_renderer.warmUp(statusMenu(m_content, m_state), form());
+}
+
+MenuForm StatusMenuController::form() const {
+    return m_content.preferences.isOn(keys::customMenuEnabled) ? MenuForm::popover
+                                                               : MenuForm::native;
 }
 
 void StatusMenuController::menuWillOpen() {

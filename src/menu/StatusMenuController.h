@@ -60,6 +60,7 @@ signals:
     void chosen(const quorvel::MenuChoice& choice);
 
 private:
+    MenuForm form() const;
     void menuWillOpen();
     void menuDidClose();
     void rebuildNow();

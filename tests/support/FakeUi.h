@@ -10,13 +10,13 @@ namespace quorvel::testing {
 
 class FakeMenuRenderer final : public MenuRenderer {
 public:
-    void open(const QList<MenuItem>& items) override {
+    void open(const QList<MenuItem>& items, MenuForm) override {
         tree = items;
         m_open = true;
     }
     void update(const QList<MenuItem>& items) override { tree = items; }
     void fillSubmenu(const QString&, const QList<MenuItem>&) override {}
-    void warmUp(const QList<MenuItem>&) override { ++warmUps; }
+    void warmUp(const QList<MenuItem>&, MenuForm) override { ++warmUps; }
     void close() override {
         if (std::exchange(m_open, false))
             emit closed();

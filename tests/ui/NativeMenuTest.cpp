@@ -123,7 +123,7 @@ protected:
 
     void open(const QList<MenuItem>& tree) {
         const int before = m_paintings;
-        m_menu.open(tree);
+        m_menu.open(tree, MenuForm::native);
         ASSERT_TRUE(waitUntil([&] { return m_paintings == before + 1; }));
     }
 
