@@ -9,10 +9,7 @@ MenuPreparation::MenuPreparation(const MenuContent& content, FolderSnippets& fol
     , m_folderSnippets(folderSnippets)
     , m_mainQueue(mainQueue) {
     connect(&history, &ClipboardHistory::changed, this, &MenuPreparation::start);
-    connect(&snippets, &SnippetStore::changed, this, [this] {
-        m_folderSnippets.invalidate();
-        start();
-    });
+    connect(&snippets, &SnippetStore::changed, this, &MenuPreparation::start);
 }
 
 void MenuPreparation::start() {
