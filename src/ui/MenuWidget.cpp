@@ -351,12 +351,13 @@ bool MenuWidget::takesNewQuery(const QList<MenuItem>& items) {
     const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {
         return isKind(item, MenuItemKind::searchField);
     });
-    const QString answered = m_searchIndex ? m_search->field().text() : QString();
     const QString query = search != items.end() ? search->representedObject : QString();
+    const bool isTyped = isVisible() && m_searchIndex;
+    const QString answered = isTyped ? m_search->field().text() : query;
     const bool isAnother = answered != m_answeredQuery || query != m_itemsQuery;
     m_answeredQuery = answered;
     m_itemsQuery = query;
-    return isAnother && isVisible() && m_searchIndex;
+    return isAnother && isTyped;
 }
 
 /// What fills the width of the menu. The toolkit adds the column of the keys to each row.
@@ -426,29 +427,33 @@ void MenuWidget::refreshOpenSubmenu(size_t index, bool isSameItem) {
         m_context.submenuOpening(row.item.identifier);
 }
 
-/// An open menu grows away from the pointer where it was opened.
+/// An open menu grows away from the pointer where it was opened, and gets its new place in one
+/// step.
 void MenuWidget::layOutAgain() {
     if (m_rows.empty())
         return;
-    const int heightBefore = height();
-    if (isVisible() && (m_upperEdge || m_lowerEdge))
-        setMinimumWidth(width()); // It would flutter while the user types.
+    const QSize before = size();
+    if (isVisible())
+        setFixedSize(before); // The toolkit would resize it where it is.
     QActionEvent changed(QEvent::ActionChanged, m_rows.front().action);
     QMenu::actionEvent(&changed);
     if (!isVisible())
         return;
     QToolTip::hideText();
+    const bool isMainMenu = m_upperEdge || m_lowerEdge; // It must not flutter while the user types.
+    setMinimumSize(isMainMenu ? before.width() : 0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     const QRect limits = screen()->availableGeometry();
     const QRect place = placeOfNewSize();
     const QRect shown = movedInto(limits, place);
-    if (std::max(heightBefore, place.height()) >= limits.height())
+    if (std::max(before.height(), place.height()) >= limits.height())
         popup(shown.topLeft()); // Sets up anew what scrolls a menu that is too tall.
     else
         setGeometry(shown);
 }
 
 QRect MenuWidget::placeOfNewSize() const {
-    QRect place = geometry();
+    QRect place(pos(), sizeHint());
     if (m_rightEdge)
         place.moveRight(*m_rightEdge);
     if (m_lowerEdge)
