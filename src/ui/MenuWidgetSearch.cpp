@@ -37,7 +37,7 @@ void MenuWidget::placeSearchRow(size_t index) {
     m_search->field().setPlaceholderText(row.item.title);
     if (!isVisible() || !m_search->isVisible())
         m_search->field().showText(row.item.representedObject);
-    m_search->setVisible(true);
+    m_search->setShown(true);
     m_searchIndex = index;
 }
 
@@ -51,7 +51,7 @@ void MenuWidget::settleSearchRow() {
         return;
     field.clearFocus();
     field.showText({});
-    m_search->setVisible(false);
+    m_search->setShown(false);
 }
 
 /// The toolkit gives the focus to the menu whenever the highlight moves.
