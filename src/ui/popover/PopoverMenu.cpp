@@ -80,8 +80,8 @@ void PopoverMenu::keyPressed(QKeyEvent* press) {
         return choose(meant.item);
     if (meant.meaning == MenuKeyboard::Meaning::alreadyMeant)
         return;
-    const auto submenu = m_stack.isSubmenuOpen() ? SearchField::Submenu::open
-                                                 : SearchField::Submenu::closed;
+    const auto submenu =
+        m_stack.isSubmenuOpen() ? SearchField::Submenu::open : SearchField::Submenu::closed;
     SearchField* field = m_stack.root().searchField();
     const bool isEscape = press->key() == Qt::Key_Escape;
     const bool isTaken =

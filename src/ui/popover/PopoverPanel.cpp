@@ -129,8 +129,8 @@ void PopoverPanel::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setPen(QPen(colors.border, 1));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5),
-                            PopoverMetrics::rounding, PopoverMetrics::rounding);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), PopoverMetrics::rounding,
+                            PopoverMetrics::rounding);
 }
 
 void PopoverPanel::resizeEvent(QResizeEvent* /*event*/) {
@@ -140,8 +140,7 @@ void PopoverPanel::resizeEvent(QResizeEvent* /*event*/) {
 
 void PopoverPanel::layOut() {
     const int head = headHeight();
-    m_list->setGeometry(1, head, width() - 2,
-                        std::max(0, height() - head - PopoverMetrics::edge));
+    m_list->setGeometry(1, head, width() - 2, std::max(0, height() - head - PopoverMetrics::edge));
     if (m_field)
         m_field->setGeometry(fieldEdge, fieldEdge - 1, width() - 2 * fieldEdge, fieldHeight);
 }

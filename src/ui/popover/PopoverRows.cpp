@@ -12,9 +12,9 @@ namespace quorvel {
 namespace {
 
 int textBoxHeight(const QString& text, const PopoverMetrics& metrics, int width) {
-    const QString lines = wrappedText(text, metrics.title, width - 2 * PopoverMetrics::edge -
-                                                               4 * PopoverMetrics::rowPadding,
-                                      PopoverMetrics::mostTextBoxLines);
+    const QString lines = wrappedText(
+        text, metrics.title, width - 2 * PopoverMetrics::edge - 4 * PopoverMetrics::rowPadding,
+        PopoverMetrics::mostTextBoxLines);
     return (int(lines.count(u'\n')) + 1) * metrics.titleHeight + 4 * PopoverMetrics::rowPadding;
 }
 

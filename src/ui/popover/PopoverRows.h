@@ -51,7 +51,9 @@ public:
     int findSubmenu(const QString& identifier) const;
 
     /// Gives a row its submenu.
-    void fill(int row, const QList<MenuItem>& items) { m_rows[std::size_t(row)].item.submenu = items; }
+    void fill(int row, const QList<MenuItem>& items) {
+        m_rows[std::size_t(row)].item.submenu = items;
+    }
 
 private:
     int sectionOf(int row) const;

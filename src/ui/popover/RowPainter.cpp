@@ -59,8 +59,7 @@ void RowPainter::paintHeader(const MenuItem& item, const QRect& place) {
 }
 
 void RowPainter::paintHint(const MenuItem& item, const QRect& place) {
-    QRect rest =
-        place.adjusted(PopoverMetrics::rowPadding, 0, -PopoverMetrics::rowPadding, 0);
+    QRect rest = place.adjusted(PopoverMetrics::rowPadding, 0, -PopoverMetrics::rowPadding, 0);
     paintSymbol(item.symbol, centred(takeBeginning(rest, pinSize), pinSize), m_colors.quiet);
     takeBeginning(rest, PopoverMetrics::rowPadding);
     paintText(item.title, m_metrics.detail, m_colors.quiet, rest, Qt::ElideRight);
@@ -75,8 +74,8 @@ void RowPainter::paintTextBox(const MenuItem& item, const QRect& place) {
     const QRect inside = box.adjusted(padding, padding, -padding, -padding);
     m_painter.setFont(m_metrics.title);
     m_painter.setPen(m_colors.text);
-    const QString lines = wrappedText(item.title, m_metrics.title, inside.width(),
-                                      PopoverMetrics::mostTextBoxLines);
+    const QString lines =
+        wrappedText(item.title, m_metrics.title, inside.width(), PopoverMetrics::mostTextBoxLines);
     m_painter.drawText(inside, Qt::AlignTop | Qt::AlignLeft | Qt::TextDontClip, lines);
 }
 
