@@ -10,8 +10,11 @@ const [packageFolder, wordList] = process.argv.slice(2);
 const {allLocales} = await import(pathToFileURL(resolve(packageFolder, 'dist/index.js')));
 const target = join(dirname(fileURLToPath(import.meta.url)), '../resources/names');
 
-/// As the program compares: decomposed, marks removed, case folded.
-const folded = text => text.normalize('NFD').replace(/\p{M}/gu, '').toLowerCase().replace(/ß/g, 'ss').replace(/ς/g, 'σ');
+/// Letters that no mark was put on, as people without them on the keyboard write them.
+const plain = {ß: 'ss', ς: 'σ', ð: 'd', þ: 'th', ø: 'o', ł: 'l', đ: 'd', æ: 'ae', œ: 'oe', ı: 'i', ə: 'e'};
+
+/// As the program compares: decomposed, marks removed, case folded, plain letters.
+const folded = text => text.normalize('NFD').replace(/\p{M}/gu, '').toLowerCase().replace(/./gu, c => plain[c] ?? c);
 
 /// The texts in a list, a list of weighted values, or an object of such.
 const texts = value =>
@@ -38,6 +41,10 @@ write('family.txt', [...person('last_name'), ...own('own-family.txt')]);
 
 const place = key => Object.values(allLocales).flatMap(locale => texts(locale.location?.[key]));
 write('places.txt', ['city_name', 'country', 'state'].flatMap(place).filter(hasCase)
-    .map(text => folded(text).replace(/[^\p{L}' -]/gu, '').trim()).filter(text => text.length > 2));
+    .map(text => folded(text).replace(/[^\p{L}' -]/gu, '').trim()).filter(text => text.length > 2)
+    .concat(readFileSync(join(target, 'own-phrases.txt'), 'utf8').split('\n').filter(text => text !== '')));
 
-write('words.txt', readFileSync(wordList, 'utf8').split('\n').filter(word => /^[a-z]{3,}$/.test(word)));
+const foreign = Object.values(allLocales).flatMap(locale => Object.values(locale.word ?? {}).flatMap(texts))
+    .filter(text => /^[\p{Script=Latin}\p{Script=Cyrillic}]{3,}$/u.test(text)).map(folded);
+const english = readFileSync(wordList, 'utf8').split('\n').filter(word => /^[a-z]{3,}$/.test(word));
+write('words.txt', [...english, ...foreign]);

@@ -2,7 +2,11 @@
 
 #include "app/ControlCommands.h"
 #include "control/ControlClient.h"
+#include "foundation/DataFolder.h"
 #include "foundation/Log.h"
+
+#include <QFileInfo>
+#include <QRandomGenerator>
 
 namespace quorvel {
 
@@ -20,6 +24,8 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_preferenceStore(m_environment.paths.preferencesFile, m_environment.clock,
                         m_environment.disk)
     , m_preferences(m_preferenceStore)
+    , m_store(m_environment.paths.snippetsFile, m_environment.clock, m_environment.mainQueue,
+              m_environment.disk)
     , m_detector(m_smartPluginRegistry, m_adapters.textServices.dataDetector(),
                  m_adapters.textServices.nameTagger())
     , m_history(m_preferences, m_environment.clock)
@@ -32,10 +38,25 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
                     m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
-    , m_menu({m_history, m_preferences, m_environment.strings, m_environment.clock, m_shownTexts},
-             m_history, m_watcher, m_adapters.menu) {
+    , m_copyTools(m_adapters.pasteboard, m_watcher)
+    , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
+    , m_searchTexts(m_preferences)
+    , m_menu({.content = menuContent(),
+              .history = m_history,
+              .snippets = m_store,
+              .watcher = m_watcher,
+              .renderer = m_adapters.menu,
+              .mainQueue = m_environment.mainQueue,
+              .hints = {m_preferences, m_environment.strings,
+                        [](int below) { return QRandomGenerator::global()->bounded(below); }}})
+    , m_menuPreparation(menuContent(), m_folderSnippets, m_history, m_store,
+                        m_environment.mainQueue)
+    , m_menuCommands(
+          {m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine, m_copyTools}) {
     wireMenu();
+    wireMenuCommands();
     wirePaste();
+    wireStores();
     wireControl();
 }
 
@@ -57,6 +78,8 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("accessibility trust"), [this] { logAccessibilityTrust(); }},
         {QStringLiteral("status item"),
          [&] { m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip"))); }},
+        {QStringLiteral("data folder"), [this] { prepareFolder(); }},
+        {QStringLiteral("snippets"), [this] { m_store.load(); }},
         {QStringLiteral("history"),
          [this] {
              m_historyStore.load();
@@ -67,6 +90,7 @@ QList<LaunchStep> AppDelegate::launchSteps() {
         {QStringLiteral("hot keys"), [this] { m_hotKeys.registerAll(); }},
         {QStringLiteral("menu"),
          [this] {
+             m_menuPreparation.start();
              m_environment.mainQueue.after(menuWarmUpDelay, &m_menu, [this] { m_menu.warmUp(); });
          }},
         {QStringLiteral("control socket"),
@@ -93,6 +117,7 @@ QList<LaunchStep> AppDelegate::terminationSteps() {
              m_focusTracker.stop();
          }},
         {QStringLiteral("history"), [this] { m_historyStore.writeNow(); }},
+        {QStringLiteral("snippets"), [this] { m_store.saveNow(); }},
         {QStringLiteral("menu"), [this] { m_menu.close(); }},
         {QStringLiteral("hot keys"), [this] { m_hotKeys.unregisterAll(); }},
     };
@@ -113,10 +138,28 @@ bool AppDelegate::guardSingleInstance() {
     return false;
 }
 
+void AppDelegate::prepareFolder() const {
+    const DataPaths& paths = m_environment.paths;
+    prepareDataFolder(QFileInfo(paths.snippetsFile).path(), paths.formerDataFolder);
+}
+
 void AppDelegate::logAccessibilityTrust() const {
     logLine(QStringLiteral("[Quorvel Permissions] accessibility=%1")
                 .arg(m_adapters.keyPoster.isTrusted() ? QStringLiteral("granted")
                                                       : QStringLiteral("denied")));
+}
+
+MenuContent AppDelegate::menuContent() const {
+    return {m_history,
+            m_smartFolders,
+            m_store,
+            m_folderSnippets,
+            m_adapters.pasteboard,
+            m_preferences,
+            m_environment.strings,
+            m_environment.clock,
+            m_shownTexts,
+            m_searchTexts};
 }
 
 void AppDelegate::wireMenu() {
@@ -131,16 +174,26 @@ void AppDelegate::wireMenu() {
     });
     connect(&m_hotKeys, &GlobalHotKeys::registered, this, &AppDelegate::setClosingKey);
     connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
-    connect(&m_menu, &StatusMenuController::openGeneralSettingsChosen, this,
+}
+
+void AppDelegate::wireMenuCommands() {
+    connect(&m_menu, &StatusMenuController::chosen, &m_menuCommands, &MenuCommands::run);
+    connect(&m_menuCommands, &MenuCommands::disableHintsSectionChosen, &m_menu,
+            &StatusMenuController::disableHintsSection);
+    connect(&m_menuCommands, &MenuCommands::openGeneralSettingsChosen, this,
             &AppDelegate::openGeneralSettings);
-    connect(&m_menu, &StatusMenuController::quitChosen, this, &AppDelegate::quitRequested);
+    connect(&m_menuCommands, &MenuCommands::quitChosen, this, &AppDelegate::quitRequested);
+    connect(&m_menuCommands, &MenuCommands::snippetRefused, this, &AppDelegate::refuseSnippet);
+}
+
+void AppDelegate::wireStores() {
     connect(&m_historyStore, &HistoryStore::saveProblemChanged, this,
             &AppDelegate::reportSaveProblem);
+    connect(&m_store, &SnippetStore::saveProblemChanged, this, &AppDelegate::reportSaveProblem);
+    connect(&m_store, &SnippetStore::creationNotSaved, this, &AppDelegate::reportUnsavedCreation);
 }
 
 void AppDelegate::wirePaste() {
-    connect(&m_menu, &StatusMenuController::pasteRecentSnippetChosen, &m_pasteEngine,
-            [this](const QUuid& id) { m_pasteEngine.pasteRecentSnippet(id); });
     connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
@@ -160,6 +213,7 @@ void AppDelegate::wireControl() {
                                       .preferences = m_preferenceStore,
                                       .history = m_history,
                                       .historyStore = m_historyStore,
+                                      .store = m_store,
                                       .smartFolders = m_smartFolders,
                                       .watcher = m_watcher,
                                       .focus = m_focusTracker,
@@ -195,7 +249,29 @@ void AppDelegate::setClosingKey() {
 }
 
 void AppDelegate::reportSaveProblem() {
-    m_menu.setSaveProblem(m_historyStore.saveProblem());
+    m_menu.setSaveProblem(m_historyStore.saveProblem().isEmpty() ? m_store.saveProblem()
+                                                                 : m_historyStore.saveProblem());
+}
+
+void AppDelegate::refuseSnippet(SnippetProblem problem) {
+    const StringTable& strings = m_environment.strings;
+    m_adapters.desktop.showMessage(
+        strings.text(QStringLiteral("error.createSnippet.title")),
+        strings.text(problem == SnippetProblem::noSuchGroup
+                         ? QStringLiteral("error.createSnippet.noSuchGroup")
+                         : QStringLiteral("error.createSnippet.blank")));
+}
+
+void AppDelegate::reportUnsavedCreation(SnippetCreation creation, const QString& reason) {
+    const StringTable& strings = m_environment.strings;
+    if (creation == SnippetCreation::group)
+        m_adapters.desktop.showMessage(
+            strings.text(QStringLiteral("error.createGroup.title")),
+            strings.format(QStringLiteral("error.createGroup.message"), reason));
+    else
+        m_adapters.desktop.showMessage(
+            strings.text(QStringLiteral("error.createSnippet.title")),
+            strings.format(QStringLiteral("error.createSnippet.message"), reason));
 }
 
 } // namespace quorvel

@@ -2,17 +2,20 @@
 
 #include "app/Adapters.h"
 #include "app/LaunchStep.h"
+#include "app/MenuCommands.h"
 #include "clipboard/HistoryStore.h"
 #include "clipboard/SmartFolderClipboard.h"
 #include "control/ControlServer.h"
 #include "control/InstanceLock.h"
 #include "foundation/DataPaths.h"
 #include "foundation/StringTable.h"
+#include "menu/MenuPreparation.h"
 #include "menu/StatusMenuController.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
 #include "smart/SmartDetector.h"
 #include "smart/masking/ShownTexts.h"
+#include "snippets/SnippetStore.h"
 
 #include <QObject>
 
@@ -44,6 +47,7 @@ public:
     void applicationWillTerminate();
 
     const ClipboardHistory& history() const { return m_history; }
+    SnippetStore& store() { return m_store; }
 
 signals:
     /// A step of the start or the end is done.
@@ -54,17 +58,23 @@ signals:
 
 private:
     bool guardSingleInstance();
+    void prepareFolder() const;
     void logAccessibilityTrust() const;
     QList<LaunchStep> launchSteps();
     QList<LaunchStep> terminationSteps();
     void runAll(const QList<LaunchStep>& steps);
 
+    MenuContent menuContent() const;
     void wireMenu();
+    void wireMenuCommands();
     void wirePaste();
+    void wireStores();
     void wireControl();
     void openGeneralSettings();
     void reportPost(PostOutcome outcome);
     void reportSaveProblem();
+    void refuseSnippet(SnippetProblem problem);
+    void reportUnsavedCreation(SnippetCreation creation, const QString& reason);
     void setClosingKey();
 
     Environment m_environment;
@@ -72,6 +82,7 @@ private:
     InstanceLock m_instanceLock;
     PreferenceStore m_preferenceStore;
     Preferences m_preferences;
+    SnippetStore m_store;
     SmartPluginRegistry m_smartPluginRegistry;
     SmartDetector m_detector;
     ClipboardHistory m_history;
@@ -82,7 +93,12 @@ private:
     FocusTracker m_focusTracker;
     PasteEngine m_pasteEngine;
     GlobalHotKeys m_hotKeys;
+    CopyTools m_copyTools;
+    FolderSnippets m_folderSnippets;
+    SearchTexts m_searchTexts;
     StatusMenuController m_menu;
+    MenuPreparation m_menuPreparation;
+    MenuCommands m_menuCommands;
     ControlServer m_control;
     bool m_running = false;
 };

@@ -53,7 +53,7 @@ ControlReply paste(const ControlledParts& parts, int position) {
                     .arg(position)
                     .arg(entries.size())};
     parts.focus.refresh();
-    parts.pasteEngine.pasteRecentSnippet(entries.at(position - 1).id);
+    parts.pasteEngine.pasteEntry(entries.at(position - 1));
     return {true, {}};
 }
 

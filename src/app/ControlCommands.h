@@ -11,6 +11,7 @@ struct ControlledParts {
     PreferenceStore& preferences;
     ClipboardHistory& history;
     HistoryStore& historyStore;
+    const SnippetStore& store;
     const SmartFolderClipboard& smartFolders;
     PasteboardWatcher& watcher;
     FocusTracker& focus;

@@ -66,16 +66,25 @@ QJsonObject paths(const DataPaths& paths) {
     return {
         {QStringLiteral("history"), paths.historyFile},
         {QStringLiteral("journal"), paths.journalFile},
+        {QStringLiteral("snippets"), paths.snippetsFile},
         {QStringLiteral("preferences"), paths.preferencesFile},
         {QStringLiteral("control"), paths.controlSocket},
     };
 }
 
 QJsonArray setAsideFiles(const ControlledParts& parts) {
-    QJsonArray files = QJsonArray::fromStringList(parts.historyStore.setAsideFiles());
+    QJsonArray files = QJsonArray::fromStringList(parts.historyStore.setAsideFiles() +
+                                                  parts.store.setAsideFiles());
     if (!parts.preferences.setAsideFile().isEmpty())
         files.append(parts.preferences.setAsideFile());
     return files;
+}
+
+qsizetype snippetCount(const SnippetStore& store) {
+    qsizetype count = store.rootSnippets().size();
+    for (const SnippetGroup& group : store.groups())
+        count += group.snippets.size();
+    return count;
 }
 
 /// How many clips each folder has; folders without any are left out.
@@ -91,6 +100,8 @@ QJsonObject problems(const ControlledParts& parts) {
     QJsonObject object;
     if (!parts.historyStore.saveProblem().isEmpty())
         object.insert(QStringLiteral("history"), parts.historyStore.saveProblem());
+    if (!parts.store.saveProblem().isEmpty())
+        object.insert(QStringLiteral("snippets"), parts.store.saveProblem());
     if (!parts.preferences.writeProblem().isEmpty())
         object.insert(QStringLiteral("preferences"), parts.preferences.writeProblem());
     return object;
@@ -107,6 +118,7 @@ QJsonObject statusReport(const ControlledParts& parts) {
         {QStringLiteral("canPostKeys"), parts.adapters.keyPoster.isTrusted()},
         {QStringLiteral("hotKeys"), hotKeys(parts.hotKeys)},
         {QStringLiteral("clips"), parts.history.recentClipboard().size()},
+        {QStringLiteral("snippets"), snippetCount(parts.store)},
         {QStringLiteral("smartFolders"), smartFolders(parts.smartFolders)},
         {QStringLiteral("changes"), changes(parts.adapters.pasteboard)},
         {QStringLiteral("setAsideFiles"), setAsideFiles(parts)},

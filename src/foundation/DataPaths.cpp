@@ -12,18 +12,26 @@ namespace quorvel {
 namespace {
 
 const QString productFolder = QStringLiteral("QuorvelMenuBar");
+const QString formerProductFolder = QStringLiteral("TundleMenuBar");
 
 bool isTestHost() {
     return qEnvironmentVariableIsSet("XCTestConfigurationFilePath") ||
            qEnvironmentVariableIsSet("XCTestBundlePath");
 }
 
+QDir userDataFolder() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+}
+
 QString dataFolder() {
     if (isTestHost())
         return QDir(QDir::tempPath())
             .filePath(QStringLiteral("QuorvelTests/%1").arg(QCoreApplication::applicationPid()));
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
-        .filePath(productFolder);
+    return userDataFolder().filePath(productFolder);
+}
+
+QString formerFolder() {
+    return isTestHost() ? QString() : userDataFolder().filePath(formerProductFolder);
 }
 
 /// Qt warns and falls back by itself when the variable is missing; ours stays quiet and per user.
@@ -44,6 +52,8 @@ DataPaths DataPaths::fromEnvironment() {
     return {
         .historyFile = data.filePath(QStringLiteral("clipboard-history.json")),
         .journalFile = data.filePath(QStringLiteral("clipboard-history.journal")),
+        .snippetsFile = data.filePath(QStringLiteral("snippets.json")),
+        .formerDataFolder = formerFolder(),
         .preferencesFile = config.filePath(QStringLiteral("preferences.json")),
         .runtimeFolder = runtime.path(),
         .controlSocket = runtime.filePath(QStringLiteral("control")),

@@ -8,6 +8,8 @@ namespace quorvel {
 struct DataPaths {
     QString historyFile;
     QString journalFile;
+    QString snippetsFile;
+    QString formerDataFolder; ///< Where the data lay under the product's former name; may be empty.
     QString preferencesFile;
     QString runtimeFolder; ///< Private to the user; holds the instance lock and the control socket.
     QString controlSocket;

@@ -8,9 +8,10 @@
 #include "platform/x11/X11TrayWatcher.h"
 #include "platform/x11/X11Workspace.h"
 #include "ui/Icons.h"
-#include "ui/NativeMenu.h"
+
 #include "ui/QtDesktop.h"
 #include "ui/StatusItem.h"
+#include "ui/SwitchingMenu.h"
 
 namespace quorvel {
 
@@ -38,7 +39,7 @@ struct X11Platform::Parts {
     X11HotKeyCenter hotKeys;
     X11KeyPoster keyPoster;
     Icons icons;
-    NativeMenu menu;
+    SwitchingMenu menu;
     X11TrayWatcher trayWatcher;
     StatusItem statusItem;
     QtDesktop desktop;

@@ -12,6 +12,9 @@ struct MenuChoice {
     Modifiers modifiers; ///< Held when the item was chosen.
 };
 
+/// How a menu looks: like the desktop's own menus, or as a window with room for details.
+enum class MenuForm { native, popover };
+
 /// Draws one menu tree at a time and tells what the user did with it. Holds no rule: what stands
 /// in the tree is shown. Never takes the input focus from the program in front. When the tree has a
 /// search field, what is typed goes there, wherever the highlight is.
@@ -20,17 +23,17 @@ class MenuRenderer : public QObject {
 
 public:
     /// Shows the tree at the pointer, wholly on one screen.
-    virtual void open(const QList<MenuItem>& tree) = 0;
+    virtual void open(const QList<MenuItem>& tree, MenuForm form) = 0;
 
-    /// Replaces what the open menu shows, in place: the highlight stays on its item, an open submenu
-    /// with its item, the typed text in the search field. Nothing when it is closed.
+    /// Replaces what the open menu shows, in place: the highlight stays on its item, an open
+    /// submenu with its item, the typed text in the search field. Nothing when it is closed.
     virtual void update(const QList<MenuItem>& tree) = 0;
 
     /// Gives a lazy submenu its items, by its identifier.
     virtual void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) = 0;
 
     /// Does what the first opening would have to wait for: fonts, icons, the window. Shows nothing.
-    virtual void warmUp(const QList<MenuItem>& tree) = 0;
+    virtual void warmUp(const QList<MenuItem>& tree, MenuForm form) = 0;
 
     /// Closes the menu; `closed` is emitted as if the user had closed it.
     virtual void close() = 0;

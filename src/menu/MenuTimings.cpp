@@ -22,6 +22,7 @@ void MenuTimings::opened() {
         return;
     m_menuPerfOpenStartUptime = m_clock.uptime();
     m_didLogMenuFirstPaint = false;
+    m_didLogMenuFirstHydrate = false;
     logLine(prefix + QStringLiteral("open"));
 }
 
@@ -31,7 +32,13 @@ void MenuTimings::reached(const QString& label) const {
     if (!m_menuPerfOpenStartUptime)
         return logLine(prefix + label);
     const double seconds = m_clock.uptime() - *m_menuPerfOpenStartUptime;
-    logLine(QStringLiteral("%1%2: +%3ms").arg(prefix, label).arg(qint64(seconds * 1000)));
+    logLine(QStringLiteral("%1%2: +%3ms").arg(prefix, label).arg(qRound64(seconds * 1000)));
+}
+
+void MenuTimings::hydrated(const QString& submenu, qsizetype chunk, qsizetype chunks) const {
+    if (std::exchange(m_didLogMenuFirstHydrate, true))
+        return;
+    reached(QStringLiteral("first-hydrate[%1] chunk=%2/%3").arg(submenu).arg(chunk).arg(chunks));
 }
 
 void MenuTimings::firstPaint() {

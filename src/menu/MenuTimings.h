@@ -20,6 +20,9 @@ public:
     /// One of the moments of an opening, such as "close".
     void reached(const QString& label) const;
 
+    /// A part of a submenu was filled; told once for each opening.
+    void hydrated(const QString& submenu, qsizetype chunk, qsizetype chunks) const;
+
     /// The first frame; told once for each opening.
     void firstPaint();
     void closed();
@@ -31,6 +34,7 @@ private:
     const Clock& m_clock;
     std::optional<double> m_menuPerfOpenStartUptime; ///< Seconds.
     bool m_didLogMenuFirstPaint = false;
+    mutable bool m_didLogMenuFirstHydrate = false;
 };
 
 } // namespace quorvel

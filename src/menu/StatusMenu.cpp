@@ -1,46 +1,40 @@
 #include "menu/StatusMenu.h"
 
-#include "menu/ClipsSection.h"
+#include "menu/sections/Sections.h"
 
 namespace quorvel {
 
 namespace {
 
-MenuItem command(const QString& title, const char* symbol, MenuAction action) {
-    return {.title = title, .action = action, .symbol = QString::fromLatin1(symbol)};
-}
+using Section = QList<MenuItem> (*)(const MenuBuild&);
 
-enum class FooterKind { brief, full };
-
-/// The menus that hot keys open have no quit item: a slip of the finger must not end the program.
-QList<MenuItem> footer(const StringTable& strings, FooterKind kind) {
-    QList<MenuItem> items{
-        {.title = strings.text(QStringLiteral("achievements.title")),
-         .symbol = QStringLiteral("trophy"),
-         .enabled = false}, // its page comes with the settings window
-        command(strings.text(QStringLiteral("action.settings")), "gearshape",
-                MenuAction::openGeneralSettings),
-    };
-    if (kind == FooterKind::full)
-        items.append(command(strings.text(QStringLiteral("action.quit")),
-                             "rectangle.portrait.and.arrow.right", MenuAction::quit));
-    return items;
+QList<Section> sections(MenuVariant variant) {
+    const QList<Section> top{problemSection, hintSection, searchSection, translationSection};
+    const QList<Section> clips{clipsSection, pinnedSection, smartFoldersSection, snippetsSection,
+                               footerSection};
+    switch (variant) {
+    case MenuVariant::main:
+    case MenuVariant::pasteHotKey:
+        return top + clips;
+    case MenuVariant::copyHotKey:
+        return top + QList<Section>{copiedTextSection, copyToolsSection} + clips;
+    case MenuVariant::translateHotKey:
+        return {translationSection};
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace
 
-QList<MenuItem> statusMenu(const MenuContent& content, MenuVariant variant,
-                           const QString& saveProblem) {
+QList<MenuItem> statusMenu(const MenuContent& content, const MenuState& state) {
+    const MenuBuild build(content, state);
     QList<MenuItem> items;
-    if (!saveProblem.isEmpty()) {
-        items.append(MenuItem::disabled(
-            content.strings.format(QStringLiteral("menu.saveProblem.format"), saveProblem)));
-        items.append(MenuItem::separator());
+    for (const Section section : sections(state.variant)) {
+        const QList<MenuItem> next = section(build);
+        if (!items.isEmpty() && !next.isEmpty())
+            items.append(MenuItem::separator());
+        items += next;
     }
-    items += clipsSection(content);
-    items.append(MenuItem::separator());
-    items += footer(content.strings,
-                    variant == MenuVariant::main ? FooterKind::full : FooterKind::brief);
     return items;
 }
 

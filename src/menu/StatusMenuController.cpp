@@ -1,24 +1,36 @@
 #include "menu/StatusMenuController.h"
 
+#include "menu/MenuBuild.h"
 #include "menu/StatusMenu.h"
+#include "menu/Submenus.h"
 
 namespace quorvel {
 
-StatusMenuController::StatusMenuController(MenuContent content, ClipboardHistory& history,
-                                           PasteboardWatcher& watcher, MenuRenderer& renderer)
-    : m_content(content)
-    , m_history(history)
-    , m_watcher(watcher)
-    , m_renderer(renderer)
-    , m_timings(content.preferences, content.clock) {
+StatusMenuController::StatusMenuController(Parts parts)
+    : m_content(parts.content)
+    , m_history(parts.history)
+    , m_watcher(parts.watcher)
+    , m_renderer(parts.renderer)
+    , m_mainQueue(parts.mainQueue)
+    , m_hints(std::move(parts.hints))
+    , m_timings(m_content.preferences, m_content.clock)
+    , m_filler(m_mainQueue, m_timings, [this](const QString& identifier) {
+        return submenuItems(identifier, MenuBuild(m_content, m_state));
+    }) {
     connect(&m_history, &ClipboardHistory::changed, this, &StatusMenuController::rebuild);
+    connect(&parts.snippets, &SnippetStore::changed, this, &StatusMenuController::rebuild);
+    connect(&m_filler, &SubmenuFiller::filled, &m_renderer, &MenuRenderer::fillSubmenu);
+    connect(&m_renderer, &MenuRenderer::submenuOpening, &m_filler, &SubmenuFiller::fill);
+    connect(&m_renderer, &MenuRenderer::searchChanged, this, &StatusMenuController::search);
+    connect(&m_renderer, &MenuRenderer::modifiersChanged, this,
+            &StatusMenuController::followModifiers);
     connect(&m_renderer, &MenuRenderer::closed, this, &StatusMenuController::menuDidClose);
-    connect(&m_renderer, &MenuRenderer::chosen, this, &StatusMenuController::act);
+    connect(&m_renderer, &MenuRenderer::chosen, this, &StatusMenuController::chosen);
     connect(&m_renderer, &MenuRenderer::painted, this, [this] { m_timings.firstPaint(); });
 }
 
 void StatusMenuController::toggle(MenuVariant variant) {
-    const bool wasOpenLikeThis = m_rootMenuIsOpen && m_currentMenuVariant == variant;
+    const bool wasOpenLikeThis = m_rootMenuIsOpen && m_state.variant == variant;
     if (m_rootMenuIsOpen)
         close();
     if (!wasOpenLikeThis)
@@ -28,9 +40,13 @@ void StatusMenuController::toggle(MenuVariant variant) {
 void StatusMenuController::open(MenuVariant variant) {
     if (m_rootMenuIsOpen)
         close();
-    m_currentMenuVariant = variant;
+    m_state.variant = variant;
     menuWillOpen();
-    m_renderer.open(statusMenu(m_content, m_currentMenuVariant, m_saveProblem));
+    const QList<MenuItem> tree = statusMenu(m_content, m_state);
+    m_renderer.open(tree, form());
+    m_filler.scheduleWarmUp(tree);
+    m_modifierFlagsTimer = m_mainQueue.every(
+        modifierFlagsInterval, this, [this] { followModifiers(m_renderer.currentModifiers()); });
 }
 
 void StatusMenuController::close() {
@@ -39,46 +55,78 @@ void StatusMenuController::close() {
 
 void StatusMenuController::warmUp() {
     if (!m_rootMenuIsOpen)
-        m_renderer.warmUp(statusMenu(m_content, MenuVariant::main, m_saveProblem));
+        m_renderer.warmUp(statusMenu(m_content, m_state), form());
+}
+
+MenuForm StatusMenuController::form() const {
+    return m_content.preferences.isOn(keys::customMenuEnabled) ? MenuForm::popover
+                                                               : MenuForm::native;
 }
 
 void StatusMenuController::menuWillOpen() {
-    m_timings.opened();
     emit aboutToOpen();
+    m_timings.opened();
+    m_rootMenuIsOpen = true;
+    m_filler.beginGeneration();
     m_watcher.tick();
     m_history.dropExpiredPins();
-    m_rootMenuIsOpen = true;
+    const Modifiers held = m_renderer.currentModifiers();
+    m_state.isOptionMode = held.testFlag(Modifier::option);
+    m_state.isControlHeld = held.testFlag(Modifier::control);
+    m_state.searchQuery.clear();
+    m_state.hint = m_hints.choose();
 }
 
 void StatusMenuController::menuDidClose() {
     m_timings.closed();
     m_rootMenuIsOpen = false;
-    m_currentMenuVariant = MenuVariant::main;
+    m_filler.beginGeneration();
+    m_modifierFlagsTimer.cancel();
+    m_state = {.problem = m_state.problem};
 }
 
+/// Several changes of one moment are shown together.
 void StatusMenuController::rebuild() {
-    if (!m_rootMenuIsOpen)
+    if (!m_rootMenuIsOpen || std::exchange(m_isRebuildPending, true))
         return;
-    m_history.dropExpiredPins();
-    m_renderer.update(statusMenu(m_content, m_currentMenuVariant, m_saveProblem));
+    m_mainQueue.after({}, this, [this] {
+        m_isRebuildPending = false;
+        if (m_rootMenuIsOpen)
+            rebuildNow();
+    });
 }
 
-void StatusMenuController::setSaveProblem(const QString& problem) {
-    m_saveProblem = problem;
+void StatusMenuController::rebuildNow() {
+    m_history.dropExpiredPins();
+    m_filler.forget();
+    m_renderer.update(statusMenu(m_content, m_state));
+}
+
+void StatusMenuController::search(const QString& query) {
+    if (std::exchange(m_state.searchQuery, query) != query)
+        rebuild();
+}
+
+/// Control changes what the titles promise only when the menu is built.
+void StatusMenuController::followModifiers(Modifiers held) {
+    const bool isOptionHeld = held.testFlag(Modifier::option);
+    m_state.isControlHeld = held.testFlag(Modifier::control);
+    if (std::exchange(m_state.isOptionMode, isOptionHeld) == isOptionHeld)
+        return;
+    if (isOptionHeld)
+        m_hints.countOptionModeUse();
     rebuild();
 }
 
-void StatusMenuController::act(const MenuChoice& choice) {
-    switch (choice.action) {
-    case MenuAction::pasteRecentSnippet:
-        return emit pasteRecentSnippetChosen(QUuid(choice.representedObject), choice.modifiers);
-    case MenuAction::openGeneralSettings:
-        return emit openGeneralSettingsChosen();
-    case MenuAction::quit:
-        return emit quitChosen();
-    default:
-        return;
-    }
+void StatusMenuController::setSaveProblem(const QString& problem) {
+    m_state.problem = problem;
+    rebuild();
+}
+
+void StatusMenuController::disableHintsSection() {
+    m_hints.switchOff();
+    m_state.hint.clear();
+    rebuild();
 }
 
 } // namespace quorvel

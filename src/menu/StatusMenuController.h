@@ -3,23 +3,33 @@
 #include "clipboard/PasteboardWatcher.h"
 #include "foundation/MainQueue.h"
 #include "menu/MenuContent.h"
+#include "menu/MenuHints.h"
 #include "menu/MenuRenderer.h"
 #include "menu/MenuTimings.h"
-#include "menu/MenuVariant.h"
+#include "menu/SubmenuFiller.h"
 
 #include <QObject>
-#include <QUuid>
 
 namespace quorvel {
 
-/// The life of the status menu: opens it with fresh content, rebuilds it in place when the content
-/// changes, tidies up when it closes, and tells what was chosen.
+/// The life of the status menu: opens it with fresh content, rebuilds it in place when content,
+/// search or option mode change, fills its submenus, tidies up when it closes, and tells what was
+/// chosen.
 class StatusMenuController final : public QObject {
     Q_OBJECT
 
 public:
-    StatusMenuController(MenuContent content, ClipboardHistory& history, PasteboardWatcher& watcher,
-                         MenuRenderer& renderer);
+    struct Parts {
+        MenuContent content;
+        ClipboardHistory& history;
+        const SnippetStore& snippets;
+        PasteboardWatcher& watcher;
+        MenuRenderer& renderer;
+        MainQueue& mainQueue;
+        MenuHints hints;
+    };
+
+    explicit StatusMenuController(Parts parts);
 
     /// Opens the menu, or closes it when it is open in this flavour already.
     void toggle(MenuVariant variant);
@@ -29,33 +39,46 @@ public:
     /// Prepares the first opening while there is time.
     void warmUp();
 
-    /// Builds the tree anew; shown at once when the menu is open.
+    /// Builds the tree anew, on the next turn of the main loop; nothing while the menu is closed.
     void rebuild();
 
     void setSaveProblem(const QString& problem);
 
+    /// No hints from now on.
+    void disableHintsSection();
+
     bool rootMenuIsOpen() const { return m_rootMenuIsOpen; }
-    MenuVariant currentMenuVariant() const { return m_currentMenuVariant; }
+    MenuVariant currentMenuVariant() const { return m_state.variant; }
+    bool isOptionModeActiveInOpenMenu() const { return m_state.isOptionMode; }
+
+    /// How often the modifier keys are looked at while the menu is open: a key that goes up while
+    /// another program has the keyboard is not announced.
+    static constexpr std::chrono::milliseconds modifierFlagsInterval{200};
 
 signals:
     void aboutToOpen();
-    void pasteRecentSnippetChosen(const QUuid& id, quorvel::Modifiers modifiers);
-    void openGeneralSettingsChosen();
-    void quitChosen();
+    void chosen(const quorvel::MenuChoice& choice);
 
 private:
+    MenuForm form() const;
     void menuWillOpen();
     void menuDidClose();
-    void act(const MenuChoice& choice);
+    void rebuildNow();
+    void search(const QString& query);
+    void followModifiers(Modifiers held);
 
     const MenuContent m_content;
     ClipboardHistory& m_history;
     PasteboardWatcher& m_watcher;
     MenuRenderer& m_renderer;
+    MainQueue& m_mainQueue;
+    MenuHints m_hints;
     MenuTimings m_timings;
+    SubmenuFiller m_filler;
+    MenuState m_state;
     bool m_rootMenuIsOpen = false;
-    MenuVariant m_currentMenuVariant = MenuVariant::main;
-    QString m_saveProblem;
+    bool m_isRebuildPending = false;
+    WorkItem m_modifierFlagsTimer;
 };
 
 } // namespace quorvel

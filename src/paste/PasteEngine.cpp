@@ -34,18 +34,51 @@ PasteEngine::PasteEngine(Pasteboard& pasteboard, PasteboardWatcher& watcher,
     , m_keys(keys)
     , m_mainQueue(mainQueue) {}
 
-void PasteEngine::pasteRecentSnippet(const QUuid& id) {
-    const RecentClipboardEntry* entry = m_history.entry(id);
-    if (!entry)
+void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption option) {
+    const bool needsText = option == PasteOption::plainText || option == PasteOption::withEdit;
+    if (entry.isImage() && needsText)
         return;
-    write(*entry);
-    requestPasteKeystroke();
-    m_history.bump(id);
-    emit entryPasted(id);
+    const RecentClipboardEntry pastedEntry = entry; // Using it moves it in the history.
+    if (option == PasteOption::withEdit)
+        emit editRequested(pastedEntry.text);
+    else if (option == PasteOption::plainText)
+        pasteText(pastedEntry.text, option);
+    else
+        paste(pasteboardItems(pastedEntry), option);
+    if (!needsText)
+        emit pasted(pastedEntry.text);
+    m_history.bump(pastedEntry.id);
 }
 
-void PasteEngine::write(const RecentClipboardEntry& entry) {
-    const QList<ClipboardSnapshotItem> items = pasteboardItems(entry);
+void PasteEngine::pasteText(const QString& text, PasteOption option) {
+    if (option == PasteOption::withEdit)
+        return emit editRequested(text);
+    paste({textItem(text)}, option);
+    emit pasted(text);
+}
+
+void PasteEngine::paste(const QList<ClipboardSnapshotItem>& items, PasteOption option) {
+    if (option != PasteOption::keepClipboard) {
+        write(items);
+        requestPasteKeystroke();
+        return;
+    }
+    const QList<ClipboardSnapshotItem> before = m_pasteboard.items();
+    write(items);
+    requestPasteKeystroke();
+    if (m_keys.isTrusted()) // else the user pastes by hand, and needs the clip there
+        restoreLater(before);
+}
+
+/// Whatever was copied meanwhile is kept instead.
+void PasteEngine::restoreLater(const QList<ClipboardSnapshotItem>& before) {
+    m_mainQueue.after(restoreDelay, this, [this, before, written = m_pasteboard.changeCount()] {
+        if (m_pasteboard.changeCount() == written)
+            write(before);
+    });
+}
+
+void PasteEngine::write(const QList<ClipboardSnapshotItem>& items) {
     m_watcher.noteChangeCount();
     m_watcher.markOwnWrite(m_pasteboard.write(items));
 }

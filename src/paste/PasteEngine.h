@@ -4,11 +4,11 @@
 #include "clipboard/PasteboardWatcher.h"
 #include "foundation/MainQueue.h"
 #include "paste/FocusTracker.h"
+#include "paste/PasteOption.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
 
 #include <QObject>
-#include <QUuid>
 
 namespace quorvel {
 
@@ -21,9 +21,13 @@ public:
     PasteEngine(Pasteboard& pasteboard, PasteboardWatcher& watcher, ClipboardHistory& history,
                 FocusTracker& focus, Workspace& workspace, KeyPoster& keys, MainQueue& mainQueue);
 
-    /// Pastes an entry with every form in which it was captured and counts the use. Nothing
-    /// happens when no entry has this id.
-    void pasteRecentSnippet(const QUuid& id);
+    /// Pastes an entry and counts the use: with every form in which it was captured, or its text
+    /// alone as plain text; a picture has none, and nothing happens. To be edited first, it is
+    /// handed on by `editRequested`.
+    void pasteEntry(const RecentClipboardEntry& entry, PasteOption option = PasteOption::normal);
+
+    /// Pastes a text alone.
+    void pasteText(const QString& text, PasteOption option = PasteOption::normal);
 
     /// From the focus coming back to the keys, so that the program has settled.
     static constexpr std::chrono::milliseconds targetedDelay{80};
@@ -31,8 +35,15 @@ public:
     /// The same when no target is known.
     static constexpr std::chrono::milliseconds untargetedDelay{120};
 
+    /// From the write to the return of what was on the pasteboard before.
+    static constexpr std::chrono::milliseconds restoreDelay{120};
+
 signals:
-    void entryPasted(const QUuid& id);
+    /// A paste was asked for: counted whether or not its keys arrive.
+    void pasted(const QString& text);
+
+    /// The user wants to change the text first.
+    void editRequested(const QString& text);
 
     /// Keys cannot be posted on this desktop; told once until they could be. The clip is on the
     /// pasteboard.
@@ -43,7 +54,9 @@ signals:
     void keysPosted(quorvel::PostOutcome outcome);
 
 private:
-    void write(const RecentClipboardEntry& entry);
+    void write(const QList<ClipboardSnapshotItem>& items);
+    void paste(const QList<ClipboardSnapshotItem>& items, PasteOption option);
+    void restoreLater(const QList<ClipboardSnapshotItem>& before);
     void requestPasteKeystroke();
     void post(const std::optional<FocusTarget>& target);
 

@@ -4,7 +4,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr int mostTintedPictures = 200;
+constexpr int mostTintedPictures = 400;
 
 } // namespace
 
@@ -21,6 +21,12 @@ QIcon Icons::symbol(const QString& name) const {
     icon.setIsMask(true);
     m_symbols.insert(name, icon);
     return icon;
+}
+
+QIcon Icons::symbol(const QString& name, const QColor& colour) const {
+    return TemplateIconEngine::isEmbedded(name)
+               ? QIcon(new TemplateIconEngine(name, m_pictures, colour))
+               : QIcon();
 }
 
 QIcon Icons::application() const {

@@ -16,6 +16,9 @@ public:
     /// The symbol of this name; a null icon when there is none.
     QIcon symbol(const QString& name) const;
 
+    /// The same in one fixed colour.
+    QIcon symbol(const QString& name, const QColor& colour) const;
+
     /// The product's icon in its own colours.
     QIcon application() const;
 

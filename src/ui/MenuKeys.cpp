@@ -2,8 +2,6 @@
 
 #include "platform/HotKeyCenter.h"
 
-#include <QStringList>
-
 namespace quorvel {
 
 namespace {
@@ -28,21 +26,6 @@ Modifiers modifiersFrom(Qt::KeyboardModifiers modifiers) {
     result.setFlag(Modifier::option, modifiers.testFlag(Qt::AltModifier));
     result.setFlag(Modifier::shift, modifiers.testFlag(Qt::ShiftModifier));
     return result;
-}
-
-QString keyEquivalentText(const KeyEquivalent& equivalent, const StringTable& strings) {
-    if (equivalent.key.isEmpty())
-        return {};
-    QStringList parts;
-    if (equivalent.modifiers.testFlag(Modifier::command))
-        parts += strings.text(QStringLiteral("key.super"));
-    if (equivalent.modifiers.testFlag(Modifier::control))
-        parts += strings.text(QStringLiteral("key.control"));
-    if (equivalent.modifiers.testFlag(Modifier::option))
-        parts += strings.text(QStringLiteral("key.alt"));
-    if (equivalent.modifiers.testFlag(Modifier::shift))
-        parts += strings.text(QStringLiteral("key.shift"));
-    return (parts << equivalent.key.toUpper()).join(QLatin1Char('+'));
 }
 
 bool means(const QKeyEvent& press, const KeyEquivalent& equivalent, const HotKeyCenter* positions) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "foundation/StringTable.h"
-#include "menu/MenuItem.h"
+#include "menu/KeyNames.h"
 
 #include <QKeyEvent>
 
@@ -11,9 +10,6 @@ class HotKeyCenter;
 
 /// The four modifiers out of Qt's; Super is what Qt calls Meta.
 Modifiers modifiersFrom(Qt::KeyboardModifiers modifiers);
-
-/// A key equivalent with the names of this keyboard, such as "Super+1"; empty for none.
-QString keyEquivalentText(const KeyEquivalent& equivalent, const StringTable& strings);
 
 /// Whether this press means the key equivalent: the same modifiers, and a key that gives the
 /// character or, when `positions` is there, stands where the character is found.

@@ -9,8 +9,8 @@ namespace quorvel {
 
 namespace {
 
-constexpr int sideMargin = 10;
 constexpr int captionPadding = 7;
+constexpr int textPadding = 6;
 constexpr int leastRowHeight = 25;
 
 QIcon::Mode iconMode(const QStyleOptionMenuItem& row) {
@@ -37,6 +37,8 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
         QProxyStyle::drawControl(element, option, painter, widget);
     else if (row->state & captionState)
         drawCaption(*row, painter);
+    else if (row->state & textState)
+        drawText(*row, painter);
     else
         drawRow(*row, painter, widget);
 }
@@ -50,6 +52,16 @@ void MenuStyle::drawCaption(const QStyleOptionMenuItem& row, QPainter* painter) 
     const QRect place = row.rect.adjusted(sideMargin, captionPadding / 2, -sideMargin, 0);
     const int flags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextShowMnemonic |
                       int(visualAlignment(row.direction, Qt::AlignLeft));
+    painter->drawText(place, flags, row.text);
+    painter->restore();
+}
+
+void MenuStyle::drawText(const QStyleOptionMenuItem& row, QPainter* painter) const {
+    painter->save();
+    painter->setFont(row.font);
+    painter->setPen(row.palette.color(QPalette::Active, QPalette::Text));
+    const QRect place = row.rect.adjusted(sideMargin, textPadding, -sideMargin, -textPadding);
+    const int flags = Qt::AlignTop | int(visualAlignment(row.direction, Qt::AlignLeft));
     painter->drawText(place, flags, row.text);
     painter->restore();
 }
@@ -72,6 +84,9 @@ QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         return size;
     if (row->state & captionState)
         size.setHeight(row->fontMetrics.height() + 2 * captionPadding);
+    else if (row->state & textState)
+        size = QFontMetrics(row->font).size(0, row->text) +
+               QSize(2 * sideMargin - row->reservedShortcutWidth, 2 * textPadding);
     else
         size.setHeight(std::max(size.height(), leastRowHeight));
     return size;
@@ -86,6 +101,7 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* result) const {
     switch (hint) {
     case SH_MenuBar_AltKeyNavigation: // Otherwise pressing Alt closes the menu.
+    case SH_EtchDisabledText:
     case SH_Menu_AllowActiveAndDisabled:
     case SH_Menu_FlashTriggeredItem: // These two would run an event loop before the choice.
     case SH_Menu_FadeOutOnHide:

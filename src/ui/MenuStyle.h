@@ -15,8 +15,11 @@ public:
     static constexpr int iconColumn = 30; ///< Points, wide enough for a thumbnail.
     static constexpr int mostTitleWidth = 440;
 
-    /// Marks a row as a caption in its style option.
+    static constexpr int sideMargin = 10;
+
+    /// Marks a row as a caption, or as a text of several lines, in its style option.
     static constexpr State captionState = State_Small;
+    static constexpr State textState = State_ReadOnly;
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
@@ -29,6 +32,7 @@ public:
 
 private:
     void drawCaption(const QStyleOptionMenuItem& row, QPainter* painter) const;
+    void drawText(const QStyleOptionMenuItem& row, QPainter* painter) const;
     void drawRow(const QStyleOptionMenuItem& row, QPainter* painter, const QWidget* widget) const;
 };
 

@@ -1,5 +1,7 @@
 #include "ui/MenuText.h"
 
+#include <QTextLayout>
+
 #include <algorithm>
 
 namespace quorvel {
@@ -10,6 +12,10 @@ constexpr qsizetype mostTitleUnits = 400;
 constexpr qsizetype surelyNarrowUnits = 12;
 constexpr qsizetype mostToolTipUnits = 1500;
 constexpr int mostToolTipLines = 25;
+constexpr qsizetype mostWrappedUnits = 4000;
+constexpr qsizetype mostMeasuredUnits = 200;
+constexpr int leastTitleWidth = 180;
+constexpr int widthBesideTitle = 64;
 
 const QChar ellipsis(0x2026);
 
@@ -38,6 +44,24 @@ QString beginning(const QString& text) {
     return isWhole ? head : head.left(end) + ellipsis;
 }
 
+QString withLineSeparators(const QString& text) {
+    QString lines = text.left(cutPosition(text, std::min(mostWrappedUnits, text.size())));
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (QChar& character : lines) {
+        if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+            character = QChar::LineSeparator;
+        else if (character.category() == QChar::Other_Control)
+            character = QLatin1Char(' ');
+    }
+    return lines;
+}
+
+/// The last line that is shown, with as much of its paragraph as fits.
+QString lastLine(const QString& rest, const QFont& font, int width) {
+    const QString paragraph = rest.left(rest.indexOf(QChar::LineSeparator));
+    return QFontMetrics(font).elidedText(paragraph + ellipsis, Qt::ElideRight, width);
+}
+
 } // namespace
 
 QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth) {
@@ -49,11 +73,49 @@ QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWid
     return line.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
-QString toolTipMarkup(const QString& text) {
-    if (text.trimmed().isEmpty())
+int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics, int mostWidth) {
+    int widest = leastTitleWidth;
+    for (const MenuItem& item : items) {
+        if (widest + widthBesideTitle >= mostWidth)
+            break;
+        if (item.kind != MenuItemKind::separator && item.kind != MenuItemKind::textBox)
+            widest =
+                std::max(widest, metrics.horizontalAdvance(item.title.left(mostMeasuredUnits)));
+    }
+    return widest + widthBesideTitle;
+}
+
+QString wrappedText(const QString& text, const QFont& font, int width, int mostLines) {
+    const QString source = withLineSeparators(text);
+    QTextLayout layout(source, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (lines.size() + 1 == mostLines && line.textStart() + line.textLength() < source.size()) {
+            lines.append(lastLine(source.mid(line.textStart()), font, width));
+            break;
+        }
+        QString shown = source.mid(line.textStart(), line.textLength());
+        lines.append(shown.remove(QChar::LineSeparator));
+    }
+    layout.endLayout();
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString toolTipMarkup(const QString& text, const QString& detail) {
+    QStringList parts;
+    if (!text.trimmed().isEmpty())
+        parts.append(beginning(text).toHtmlEscaped());
+    if (!detail.trimmed().isEmpty())
+        parts.append(QStringLiteral("<small>%1</small>").arg(beginning(detail).toHtmlEscaped()));
+    if (parts.isEmpty())
         return {};
     return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>")
-        .arg(beginning(text).toHtmlEscaped());
+        .arg(parts.join(QStringLiteral("<br>")));
 }
 
 } // namespace quorvel

@@ -1,6 +1,26 @@
 #include "ui/MenuTree.h"
 
+#include <tuple>
+
 namespace quorvel {
+
+namespace {
+
+/// Once it is filled, the submenu's items stand for its keys.
+std::optional<MenuItem> findInnerKey(const MenuItem& item,
+                                     const std::function<bool(const MenuItem&)>& matches) {
+    if (!item.submenu.isEmpty())
+        return std::nullopt;
+    for (const InnerKey& inner : item.innerKeys) {
+        MenuItem candidate{.action = inner.action, .representedObject = inner.representedObject};
+        candidate.keyEquivalent = inner.keyEquivalent;
+        if (matches(candidate))
+            return candidate;
+    }
+    return std::nullopt;
+}
+
+} // namespace
 
 std::optional<MenuItem> findItem(const QList<MenuItem>& items,
                                  const std::function<bool(const MenuItem&)>& matches) {
@@ -10,6 +30,8 @@ std::optional<MenuItem> findItem(const QList<MenuItem>& items,
         if (!item.hasSubmenu() && matches(item))
             return item;
         if (auto found = findItem(item.submenu, matches))
+            return found;
+        if (auto found = findInnerKey(item, matches))
             return found;
     }
     return std::nullopt;
@@ -29,11 +51,24 @@ bool fillSubmenuItem(QList<MenuItem>& items, const QString& identifier,
 }
 
 bool isSameItem(const MenuItem& a, const MenuItem& b) {
-    if (a.kind != b.kind || a.action != b.action || a.identifier != b.identifier ||
-        a.representedObject != b.representedObject)
+    if (a.kind != b.kind || a.representedObject != b.representedObject)
+        return false;
+    const bool gainsSubmenu = a.hasSubmenu() != b.hasSubmenu();
+    if (gainsSubmenu)
+        return !a.representedObject.isEmpty() || a.title == b.title;
+    if (a.action != b.action || a.identifier != b.identifier)
         return false;
     const bool isNamed = !a.identifier.isEmpty() || !a.representedObject.isEmpty();
     return isNamed || a.title == b.title;
+}
+
+bool looksAlike(const MenuItem& a, const MenuItem& b) {
+    const auto look = [](const MenuItem& item) {
+        return std::tie(item.kind, item.enabled, item.isPinned, item.action, item.title,
+                        item.keyEquivalent, item.symbol, item.colorName);
+    };
+    const bool isPicture = !a.imagePNGData.isEmpty() || !b.imagePNGData.isEmpty();
+    return !isPicture && a.kind != MenuItemKind::textBox && look(a) == look(b);
 }
 
 } // namespace quorvel

@@ -1,6 +1,7 @@
 #include "ui/MenuWidget.h"
 
 #include "ui/MenuPlacement.h"
+#include "ui/MenuRowLook.h"
 #include "ui/MenuStyle.h"
 #include "ui/MenuText.h"
 #include "ui/MenuTree.h"
@@ -29,28 +30,8 @@ QRect limitsAt(QPoint pointer) {
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
-/// A tool tip below the pointer would cover the rows that come next. Its usual colours do not
-/// follow a dark palette.
-void showBeside(QWidget& menu, const QRect& row, const QString& text) {
-    constexpr QPoint toolTipOffset(2, 16); // The toolkit adds it to make room for the pointer.
-    constexpr int gap = 4;
-    QPalette colours = QToolTip::palette();
-    colours.setColor(QPalette::ToolTipBase, menu.palette().color(QPalette::Base));
-    colours.setColor(QPalette::ToolTipText, menu.palette().color(QPalette::Text));
-    QToolTip::setPalette(colours);
-    const QPoint corner = menu.mapToGlobal(QPoint(menu.width() + gap, row.top()));
-    QToolTip::showText(corner - toolTipOffset, text, &menu, row);
-}
-
-QFont captionFont(QFont font) {
-    constexpr qreal share = 0.86;
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * share);
-    else
-        font.setPixelSize(qRound(font.pixelSize() * share));
-    font.setWeight(QFont::DemiBold);
-    return font;
-}
+constexpr int mostTextLines = 8;
+constexpr qsizetype mostKnownTitles = 500;
 
 } // namespace
 
@@ -63,18 +44,25 @@ MenuWidget::MenuWidget(const MenuContext& context, QStyle* style, QWidget* paren
 void MenuWidget::setItems(const QList<MenuItem>& items) {
     const QAction* highlighted = activeAction();
     const MenuItem highlightedItem = highlighted ? rowOf(*highlighted).item : MenuItem{};
+    const bool isNewQuery = takesNewQuery(items);
+    measure(items);
     {
         const QScopedValueRollback filling(m_isFilling, true);
         m_hasIcons = false;
+        m_searchIndex.reset();
         while (m_rows.size() < size_t(items.size()))
             addRow();
         for (size_t index = 0; index < size_t(items.size()); ++index)
             fill(index, items[qsizetype(index)]);
         std::for_each(m_rows.begin() + items.size(), m_rows.end(),
                       [this](Row& row) { empty(row); });
+        settleSearchRow();
     }
     layOutAgain();
-    if (highlighted && isVisible())
+    focusSearchField();
+    if (isNewQuery)
+        highlightFirstFound();
+    else if (highlighted && isVisible())
         highlightAgain(highlightedItem, highlighted);
 }
 
@@ -99,21 +87,29 @@ void MenuWidget::release() {
             row.submenu->deleteLater();
         row.submenu = nullptr;
     }
+    m_titles.clear();
+    m_searchIndex.reset();
+    settleSearchRow();
 }
 
 void MenuWidget::popUpAt(QPoint pointer) {
     m_awaitsFirstPaint = true;
     ensurePolished();
+    setMinimumWidth(0);
     const QSize size = sizeHint();
     const MenuPlace place =
         placedAtPointer(size, pointer, limitsAt(pointer), QGuiApplication::layoutDirection());
     m_upperEdge.reset();
     m_lowerEdge.reset();
+    m_rightEdge.reset();
+    if (place.topLeft.x() == pointer.x() - size.width())
+        m_rightEdge = pointer.x() - 1;
     if (place.isAbovePointer)
         m_lowerEdge = place.topLeft.y() + size.height() - 1;
     else
         m_upperEdge = place.topLeft.y();
     popup(place.topLeft);
+    focusSearchField();
     // A click beside the menu only closes it: without this, a click on our tray icon would close
     // the menu and open it again.
     setAttribute(Qt::WA_NoMouseReplay);
@@ -142,8 +138,16 @@ MenuWidget::find(const std::function<bool(const MenuItem&)>& matches) const {
 void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
     QMenu::initStyleOption(option, action);
     option->maxIconWidth = m_hasIcons ? MenuStyle::iconColumn : 0;
-    if (rowOf(*action).item.kind == MenuItemKind::header)
+    const Row& row = rowOf(*action);
+    if (isKind(row.item, MenuItemKind::header))
         option->state |= MenuStyle::captionState;
+    if (isKind(row.item, MenuItemKind::hint))
+        makeQuiet(option->palette);
+    if (!isKind(row.item, MenuItemKind::textBox))
+        return;
+    option->state |= MenuStyle::textState;
+    option->text = row.wrapped;
+    option->reservedShortcutWidth = m_keyColumn;
 }
 
 /// Each change of a row would lay out the whole menu; while filling, one layout follows at the end.
@@ -153,7 +157,7 @@ void MenuWidget::actionEvent(QActionEvent* event) {
 }
 
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
-    if (!m_context.takesKey(*event))
+    if (!m_context.takesKey(*event) && !m_context.typed(*event))
         QMenu::keyPressEvent(event);
 }
 
@@ -183,6 +187,7 @@ void MenuWidget::addRow() {
     action->setIconVisibleInMenu(true);
     connect(action, &QAction::triggered, this,
             [this, index] { m_context.chosen(m_rows[index].item); });
+    connect(action, &QAction::hovered, this, [this, index] { prepareSubmenu(index); });
     m_rows.push_back({.action = action});
     addAction(action);
 }
@@ -190,18 +195,13 @@ void MenuWidget::addRow() {
 void MenuWidget::fill(size_t index, const MenuItem& item) {
     Row& row = m_rows[index];
     const bool wasSame = isSameItem(row.item, item);
+    const bool looksSame = row.action->isVisible() && looksAlike(row.item, item);
     row.item = item;
-    const bool isHeader = item.kind == MenuItemKind::header;
-    const QFont font = isHeader ? captionFont(this->font()) : QFont();
-    const QString keys = m_context.keyText(item.keyEquivalent);
-    const QString title = menuTitle(item.title, fontMetrics(), MenuStyle::mostTitleWidth);
-    row.action->setText(keys.isEmpty() ? title : title + QLatin1Char('\t') + keys);
-    row.action->setFont(font);
-    row.action->setEnabled(item.enabled);
-    row.action->setSeparator(item.kind == MenuItemKind::separator);
-    row.action->setIcon(m_context.icon(item));
-    row.action->setVisible(true);
+    if (!looksSame)
+        draw(row);
     m_hasIcons = m_hasIcons || !row.action->icon().isNull();
+    if (isKind(item, MenuItemKind::searchField))
+        placeSearchRow(index);
     if (item.hasSubmenu())
         attachSubmenu(index);
     else
@@ -209,22 +209,66 @@ void MenuWidget::fill(size_t index, const MenuItem& item) {
     refreshOpenSubmenu(index, wasSame);
 }
 
+void MenuWidget::draw(Row& row) {
+    const MenuItem& item = row.item;
+    const QString keys = m_context.keyText(item.keyEquivalent);
+    const QString title = shownTitle(item.title);
+    row.action->setText(keys.isEmpty() ? title : title + QLatin1Char('\t') + keys);
+    row.action->setFont(rowFont(item, font()));
+    row.action->setEnabled(isEnabledRow(item));
+    row.action->setSeparator(isKind(item, MenuItemKind::separator));
+    row.action->setIcon(m_context.icon(item));
+    row.action->setVisible(!isKind(item, MenuItemKind::searchField));
+    const int textWidth = m_wideRow - 2 * MenuStyle::sideMargin;
+    row.wrapped = isKind(item, MenuItemKind::textBox)
+                      ? wrappedText(item.title, font(), textWidth, mostTextLines)
+                      : QString();
+}
+
+/// Measuring titles is the greater part of filling rows, and filters move the same ones about.
+QString MenuWidget::shownTitle(const QString& title) {
+    if (const auto known = m_titles.constFind(title); known != m_titles.constEnd())
+        return *known;
+    if (m_titles.size() >= mostKnownTitles)
+        m_titles.clear();
+    return *m_titles.insert(title, menuTitle(title, fontMetrics(), MenuStyle::mostTitleWidth));
+}
+
 void MenuWidget::empty(Row& row) {
     if (row.submenu)
         row.submenu->hide();
     row.item = {};
+    row.wrapped.clear();
     row.action->setMenu(static_cast<QMenu*>(nullptr));
     row.action->setIcon({});
     row.action->setText({});
     row.action->setVisible(false);
 }
 
+/// Most submenus are never looked at; until then one empty menu stands for them all.
 void MenuWidget::attachSubmenu(size_t index) {
+    const Row& row = m_rows[index];
+    if (row.submenu || row.action == activeAction())
+        return makeSubmenu(index);
+    if (!m_unopenedSubmenu)
+        m_unopenedSubmenu = new QMenu(this);
+    row.action->setMenu(m_unopenedSubmenu);
+}
+
+/// The highlight has come to the row; the toolkit opens its submenu next.
+void MenuWidget::prepareSubmenu(size_t index) {
+    if (!m_isFilling && m_rows[index].item.hasSubmenu())
+        makeSubmenu(index);
+}
+
+void MenuWidget::makeSubmenu(size_t index) {
     Row& row = m_rows[index];
     if (!row.submenu) {
         row.submenu = new MenuWidget(m_context, style(), this);
         connect(row.submenu, &QMenu::aboutToShow, this, [this, index] { showSubmenuItems(index); });
     }
+    const QScopedValueRollback filling(m_isFilling, true);
+    row.submenu->setFocusProxy(focusProxy());
     row.action->setMenu(row.submenu);
 }
 
@@ -250,35 +294,59 @@ void MenuWidget::refreshOpenSubmenu(size_t index, bool isSameItem) {
         m_context.submenuOpening(row.item.identifier);
 }
 
-/// An open menu grows away from the pointer where it was opened.
+/// An open menu grows away from the pointer where it was opened, and gets its new place in one
+/// step.
 void MenuWidget::layOutAgain() {
     if (m_rows.empty())
         return;
-    const int heightBefore = height();
+    const QSize before = size();
+    if (isVisible())
+        setFixedSize(before); // The toolkit would resize it where it is.
     QActionEvent changed(QEvent::ActionChanged, m_rows.front().action);
     QMenu::actionEvent(&changed);
     if (!isVisible())
         return;
     QToolTip::hideText();
-    QRect place = geometry();
-    if (m_lowerEdge)
-        place.moveBottom(*m_lowerEdge);
-    else
-        place.moveTop(m_upperEdge.value_or(place.top()));
+    const bool isMainMenu = m_upperEdge || m_lowerEdge; // It must not flutter while the user types.
+    setMinimumSize(isMainMenu ? before.width() : 0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     const QRect limits = screen()->availableGeometry();
+    const QRect place = placeOfNewSize();
     const QRect shown = movedInto(limits, place);
-    if (std::max(heightBefore, place.height()) >= limits.height())
+    if (std::max(before.height(), place.height()) >= limits.height())
         popup(shown.topLeft()); // Sets up anew what scrolls a menu that is too tall.
     else
         setGeometry(shown);
 }
 
+QRect MenuWidget::placeOfNewSize() const {
+    QRect place(pos(), sizeHint());
+    if (m_rightEdge)
+        place.moveRight(*m_rightEdge);
+    if (m_lowerEdge)
+        place.moveBottom(*m_lowerEdge);
+    else
+        place.moveTop(m_upperEdge.value_or(place.top()));
+    return place;
+}
+
+/// Without opening the submenu of its row.
+void MenuWidget::highlight(const Row& row) {
+    const QScopedValueRollback filling(m_isFilling, true);
+    row.action->setMenu(static_cast<QMenu*>(nullptr));
+    setActiveAction(row.action);
+    if (row.item.hasSubmenu())
+        makeSubmenu(size_t(&row - m_rows.data()));
+}
+
 void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
+    if (previous->isVisible() && isSameItem(rowOf(*previous).item, item))
+        return;
     const auto same = std::find_if(m_rows.begin(), m_rows.end(),
                                    [&](const Row& row) { return isSameItem(row.item, item); });
     if (same != m_rows.end() && same->action->isEnabled()) {
         if (same->action != previous)
-            setActiveAction(same->action);
+            highlight(*same);
     } else if (rowOf(*previous).item.kind != MenuItemKind::ordinary || !previous->isEnabled() ||
                !previous->isVisible()) {
         setActiveAction(nullptr);
@@ -287,7 +355,8 @@ void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
 
 void MenuWidget::showToolTip(const QHelpEvent& help) {
     const QAction* action = actionAt(help.pos());
-    const QString text = action ? toolTipMarkup(rowOf(*action).item.toolTip) : QString();
+    const MenuItem item = action ? rowOf(*action).item : MenuItem{};
+    const QString text = toolTipMarkup(item.toolTip, item.detail);
     if (text.isEmpty())
         QToolTip::hideText();
     else

@@ -2,6 +2,7 @@
 
 #include "menu/MenuItem.h"
 
+#include <QHash>
 #include <QMenu>
 
 #include <functional>
@@ -9,14 +10,18 @@
 #include <vector>
 
 class QHelpEvent;
+class QKeyEvent;
 
 namespace quorvel {
+
+class SearchRow;
 
 /// What all menus of one tree share.
 struct MenuContext {
     std::function<QIcon(const MenuItem&)> icon;
     std::function<QString(const KeyEquivalent&)> keyText;
     std::function<bool(const QKeyEvent&)> takesKey; ///< Whether the press was dealt with.
+    std::function<bool(QKeyEvent&)> typed;          ///< Whether the press was typing.
     std::function<void(const QKeyEvent&)> keyReleased;
     std::function<void(const MenuItem&)> chosen;
     std::function<void(const QString&)> submenuOpening;
@@ -42,6 +47,10 @@ public:
 
     void popUpAt(QPoint pointer);
 
+    /// Hands a press to the search field, wherever the highlight is; false when there is none or
+    /// the press drives the menu.
+    bool type(QKeyEvent& press);
+
     /// Asks again for the icons of the rows that show pictures.
     void refreshPictures();
 
@@ -51,6 +60,8 @@ public:
 signals:
     /// The first frame since `popUpAt` is on the screen.
     void painted();
+
+    void searchChanged(const QString& query);
 
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
@@ -65,16 +76,30 @@ private:
         QAction* action = nullptr;
         MenuWidget* submenu = nullptr;
         MenuItem item;
+        QString wrapped; ///< The lines of a text.
     };
 
     void addRow();
     void fill(size_t index, const MenuItem& item);
+    void draw(Row& row);
     void empty(Row& row);
+    void addSearchRow();
+    void placeSearchRow(size_t index);
+    void settleSearchRow();
+    void focusSearchField();
+    bool takesNewQuery(const QList<MenuItem>& items);
+    void measure(const QList<MenuItem>& items);
+    QString shownTitle(const QString& title);
     void attachSubmenu(size_t index);
+    void prepareSubmenu(size_t index);
+    void makeSubmenu(size_t index);
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
     void layOutAgain();
+    QRect placeOfNewSize() const;
+    void highlight(const Row& row);
     void highlightAgain(const MenuItem& item, const QAction* previous);
+    void highlightFirstFound();
     void showToolTip(const QHelpEvent& help);
     const Row& rowOf(const QAction& action) const;
 
@@ -84,6 +109,15 @@ private:
     bool m_isFilling = false;
     std::optional<int> m_upperEdge; ///< Where one edge stays when the height changes.
     std::optional<int> m_lowerEdge;
+    std::optional<int> m_rightEdge; ///< Where it stays when the width changes.
+    QMenu* m_unopenedSubmenu = nullptr;
+    QHash<QString, QString> m_titles; ///< As they are shown.
+    SearchRow* m_search = nullptr;
+    std::optional<size_t> m_searchIndex;
+    QString m_answeredQuery; ///< What was in the field when the items were last replaced.
+    QString m_itemsQuery;    ///< What the items are the answer to.
+    int m_wideRow = 0;
+    int m_keyColumn = 0;
     bool m_awaitsFirstPaint = false;
 };
 

@@ -1,60 +1,40 @@
 #include "ui/NativeMenu.h"
 
-#include "foundation/Log.h"
 #include "ui/Icons.h"
-#include "ui/MenuKeys.h"
-#include "ui/PopupGrab.h"
+#include "ui/ItemIcons.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QToolTip>
 
-#include <array>
-
 namespace quorvel {
-
-namespace {
-
-constexpr int grabRetryMilliseconds = 100;
-constexpr int grabTries = 10;
-
-constexpr std::array modifierKeys{Qt::Key_Alt,     Qt::Key_AltGr,   Qt::Key_Control,
-                                  Qt::Key_Shift,   Qt::Key_Meta,    Qt::Key_Super_L,
-                                  Qt::Key_Super_R, Qt::Key_Hyper_L, Qt::Key_Hyper_R};
-
-bool isModifierKey(int key) {
-    return std::find(modifierKeys.begin(), modifierKeys.end(), key) != modifierKeys.end();
-}
-
-} // namespace
 
 NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
     : m_context(context(icons, strings))
-    , m_menu(m_context, &m_style) {
+    , m_menu(m_context, &m_style)
+    , m_grab(m_menu) {
     connect(&m_menu, &QMenu::aboutToHide, this, &NativeMenu::menuHidden);
     connect(&m_menu, &MenuWidget::painted, this, &NativeMenu::painted);
+    connect(&m_menu, &MenuWidget::searchChanged, this, &NativeMenu::searchChanged);
     connect(&m_thumbnails, &Thumbnails::decoded, &m_menu, &MenuWidget::refreshPictures);
-    m_grabRetry.setSingleShot(true);
-    connect(&m_grabRetry, &QTimer::timeout, this, &NativeMenu::secureGrabs);
+    connect(&m_grab, &PopupGrab::refused, this, &NativeMenu::close);
 }
 
 void NativeMenu::setKeyPositions(const HotKeyCenter& keys) {
-    m_keys = &keys;
+    m_keyboard.setKeyPositions(keys);
 }
 
 void NativeMenu::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
-    m_closingKey = nativeKeyCode;
-    m_closingModifiers = modifiers;
+    m_keyboard.setClosingKey(nativeKeyCode, modifiers);
 }
 
-void NativeMenu::open(const QList<MenuItem>& tree) {
+void NativeMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     close();
     finish();
     m_menu.setItems(tree);
     m_phase = Phase::open;
     m_menu.popUpAt(QCursor::pos());
-    m_grabTries = 0;
-    secureGrabs();
+    m_grab.secure();
 }
 
 void NativeMenu::update(const QList<MenuItem>& tree) {
@@ -67,7 +47,7 @@ void NativeMenu::fillSubmenu(const QString& identifier, const QList<MenuItem>& i
         m_menu.fillSubmenu(identifier, items);
 }
 
-void NativeMenu::warmUp(const QList<MenuItem>& tree) {
+void NativeMenu::warmUp(const QList<MenuItem>& tree, MenuForm /*form*/) {
     if (m_phase != Phase::closed)
         return;
     m_menu.setItems(tree);
@@ -94,40 +74,54 @@ Modifiers NativeMenu::currentModifiers() const {
 MenuContext NativeMenu::context(const Icons& icons, const StringTable& strings) {
     MenuContext context;
     context.icon = [this, &icons](const MenuItem& item) {
-        if (item.imagePNGData.isEmpty())
-            return icons.symbol(item.symbol);
-        const QIcon thumbnail = m_thumbnails.icon(item.imagePNGData);
-        return thumbnail.isNull() ? icons.symbol(QStringLiteral("photo")) : thumbnail;
+        const QIcon plain = icon(item, icons);
+        return item.isPinned ? pinnedIcon(plain, icons.symbol(QStringLiteral("pin"))) : plain;
     };
     context.keyText = [&strings](const KeyEquivalent& keys) {
         return keyEquivalentText(keys, strings);
     };
     context.takesKey = [this](const QKeyEvent& press) { return takesKey(press); };
-    context.keyReleased = [this](const QKeyEvent& release) { m_repeat.released(release); };
+    context.typed = [this](QKeyEvent& press) { return m_menu.type(press); };
+    context.keyReleased = [this](const QKeyEvent& release) { keyReleased(release); };
     context.chosen = [this](const MenuItem& item) { choose(item); };
     context.submenuOpening = [this](const QString& id) { emit submenuOpening(id); };
     return context;
 }
 
-/// The grab takes our own hot keys, too; a held one repeats and must not count as pressed again.
-bool NativeMenu::takesKey(const QKeyEvent& press) {
-    if (isModifierKey(press.key()))
-        return true;
-    if (isClosingKey(press)) {
-        if (!m_repeat.isRepeat(press))
-            close();
-        return true;
-    }
-    const auto item = m_menu.find(
-        [&](const MenuItem& candidate) { return means(press, candidate.keyEquivalent, m_keys); });
-    if (item && !m_repeat.isRepeat(press))
-        choose(*item);
-    return item.has_value();
+QIcon NativeMenu::icon(const MenuItem& item, const Icons& icons) {
+    const QColor colour = QColor::fromString(item.colorName);
+    if (colour.isValid())
+        return swatchIcon(colour);
+    if (item.imagePNGData.isEmpty())
+        return icons.symbol(item.symbol);
+    const QIcon thumbnail = m_thumbnails.icon(item.imagePNGData);
+    return thumbnail.isNull() ? icons.symbol(QStringLiteral("photo")) : thumbnail;
 }
 
-bool NativeMenu::isClosingKey(const QKeyEvent& press) const {
-    return m_closingKey != 0 && press.nativeScanCode() == m_closingKey &&
-           modifiersFrom(press.modifiers()) == m_closingModifiers;
+bool NativeMenu::takesKey(const QKeyEvent& press) {
+    if (isModifierKey(press.key())) {
+        modifierPressed(press);
+        return true;
+    }
+    const auto find = [this](const auto& matches) { return m_menu.find(matches); };
+    const MenuKeyboard::Press meant = m_keyboard.pressed(press, find);
+    if (meant.meaning == MenuKeyboard::Meaning::closes)
+        close();
+    else if (meant.meaning == MenuKeyboard::Meaning::chooses)
+        choose(meant.item);
+    return meant.meaning != MenuKeyboard::Meaning::nothing;
+}
+
+/// The state that comes with the event is the one before it.
+void NativeMenu::modifierPressed(const QKeyEvent& press) {
+    if (isOpen() && !press.isAutoRepeat())
+        emit modifiersChanged(currentModifiers() | modifierOf(press.key()));
+}
+
+void NativeMenu::keyReleased(const QKeyEvent& release) {
+    m_keyboard.released(release);
+    if (isOpen() && isModifierKey(release.key()) && !release.isAutoRepeat())
+        emit modifiersChanged(currentModifiers());
 }
 
 /// The modifiers are those of the key press or click; by now they may be up.
@@ -144,7 +138,7 @@ void NativeMenu::menuHidden() {
     if (!isOpen())
         return;
     m_phase = Phase::ending;
-    m_grabRetry.stop();
+    m_grab.stop();
     QMetaObject::invokeMethod(this, &NativeMenu::finish, Qt::QueuedConnection);
 }
 
@@ -163,20 +157,6 @@ void NativeMenu::finish() {
 void NativeMenu::releaseWhenClosed() {
     if (m_phase == Phase::closed)
         m_menu.release();
-}
-
-/// The grabs are asked for again even if the toolkit has them all: it does not notice when the
-/// pointer was refused.
-void NativeMenu::secureGrabs() {
-    if (!isOpen())
-        return;
-    const bool hasThem = takeGrabs(m_menu);
-    if (++m_grabTries < grabTries) {
-        m_grabRetry.start(grabRetryMilliseconds);
-    } else if (!hasThem) {
-        logLine(QStringLiteral("[Quorvel Menu] Closed: another program holds the keyboard."));
-        close();
-    }
 }
 
 } // namespace quorvel

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
-#include "platform/HotKeyCenter.h"
-#include "ui/KeyRepeat.h"
+#include "ui/MenuKeyboard.h"
 #include "ui/MenuStyle.h"
 #include "ui/MenuWidget.h"
+#include "ui/PopupGrab.h"
 #include "ui/Thumbnails.h"
-
-#include <QTimer>
 
 #include <optional>
 
@@ -17,8 +15,7 @@ class Icons;
 class StringTable;
 
 /// The menu as the toolkit's own popup menu. It takes the keyboard by a grab, never the input
-/// focus. When another program holds the pointer or the keyboard, the menu tries for a second to
-/// get them, and closes without the keyboard, so that none is left that cannot be used.
+/// focus.
 class NativeMenu final : public MenuRenderer {
     Q_OBJECT
 
@@ -32,10 +29,10 @@ public:
     /// A key code of 0 means none.
     void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) override;
 
-    void open(const QList<MenuItem>& tree) override;
+    void open(const QList<MenuItem>& tree, MenuForm form) override;
     void update(const QList<MenuItem>& tree) override;
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;
-    void warmUp(const QList<MenuItem>& tree) override;
+    void warmUp(const QList<MenuItem>& tree, MenuForm form) override;
     void close() override;
     bool isOpen() const override;
     Modifiers currentModifiers() const override;
@@ -44,26 +41,23 @@ private:
     enum class Phase { closed, open, ending };
 
     MenuContext context(const Icons& icons, const StringTable& strings);
+    QIcon icon(const MenuItem& item, const Icons& icons);
     bool takesKey(const QKeyEvent& press);
-    bool isClosingKey(const QKeyEvent& press) const;
+    void keyReleased(const QKeyEvent& release);
+    void modifierPressed(const QKeyEvent& press);
     void choose(const MenuItem& item);
     void menuHidden();
     void finish();
     void releaseWhenClosed();
-    void secureGrabs();
 
     Thumbnails m_thumbnails;
     MenuStyle m_style;
     MenuContext m_context;
     MenuWidget m_menu;
-    const HotKeyCenter* m_keys = nullptr;
-    KeyRepeat m_repeat;
-    quint32 m_closingKey = 0;
-    Modifiers m_closingModifiers;
+    PopupGrab m_grab;
+    MenuKeyboard m_keyboard;
     Phase m_phase = Phase::closed;
     std::optional<MenuChoice> m_choice;
-    QTimer m_grabRetry;
-    int m_grabTries = 0;
 };
 
 } // namespace quorvel

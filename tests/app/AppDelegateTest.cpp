@@ -7,6 +7,7 @@
 #include "clipboard/EntryCoder.h"
 #include "control/ControlClient.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QSignalSpy>
@@ -23,6 +24,8 @@ struct Program {
     explicit Program(const QString& home)
         : paths{home + QStringLiteral("/data/clipboard-history.json"),
                 home + QStringLiteral("/data/clipboard-history.journal"),
+                home + QStringLiteral("/data/snippets.json"),
+                home + QStringLiteral("/former"),
                 home + QStringLiteral("/config/preferences.json"),
                 home + QStringLiteral("/run"),
                 home + QStringLiteral("/run/control"),
@@ -69,6 +72,14 @@ protected:
         return reply.value_or(ControlReply{{}, QStringLiteral("nobody there")});
     }
 
+    static MenuItem row(const QList<MenuItem>& tree, const QString& title) {
+        for (const MenuItem& item : tree)
+            if (item.title == title)
+                return item;
+        ADD_FAILURE() << qPrintable(title);
+        return {};
+    }
+
     QTemporaryDir home;
 };
 
@@ -78,10 +89,10 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
     QObject::connect(&program.delegate, &AppDelegate::stepDone,
                      [&](const QString& name) { steps.append(name); });
     ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
-    EXPECT_EQ(steps.join(u'|'),
-              QStringLiteral("preferences|accessibility trust|status item|history|"
-                             "pasteboard watcher|focus tracker|hot keys|menu|"
-                             "control socket"));
+    EXPECT_EQ(steps.join(u'|'), QStringLiteral("preferences|accessibility trust|status item|"
+                                               "data folder|snippets|history|"
+                                               "pasteboard watcher|focus tracker|hot keys|menu|"
+                                               "control socket"));
     EXPECT_FALSE(program.statusItem.shownToolTip.isEmpty());
     program.mainQueue.advance(1s);
     EXPECT_EQ(program.menu.warmUps, 1);
@@ -90,7 +101,7 @@ TEST_F(AppDelegateTest, StartsAndEndsInOrder) {
     program.delegate.applicationWillTerminate();
     EXPECT_EQ(steps.join(u'|'),
               QStringLiteral("control socket|pasteboard watcher and focus tracker|"
-                             "history|menu|hot keys"));
+                             "history|snippets|menu|hot keys"));
     EXPECT_EQ(program.hotKeys.registrationCount(), 0);
 }
 
@@ -109,6 +120,38 @@ TEST_F(AppDelegateTest, ACopyDuringTheStartLandsOnTheLoadedHistory) {
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries.first().text, QStringLiteral("early"));
     EXPECT_EQ(entries.last().text, QStringLiteral("stored"));
+}
+
+TEST_F(AppDelegateTest, TheLibraryOfTheFormerFolderIsKept) {
+    const QDir root(home.path());
+    ASSERT_TRUE(root.mkpath(QStringLiteral("former")));
+    QFile library(root.filePath(QStringLiteral("former/snippets.json")));
+    ASSERT_TRUE(library.open(QIODevice::WriteOnly));
+    library.write(R"({"groups": [], "rootSnippets": [
+        {"id": "0D3B7A52-6C1E-4E0B-9F55-2A6F9C3D1E01", "title": "t", "text": "x"}]})");
+    library.close();
+    Program program(home.path());
+    ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
+    ASSERT_EQ(program.delegate.store().rootSnippets().size(), 1);
+    EXPECT_EQ(program.delegate.store().rootSnippets().first().text, QStringLiteral("x"));
+    EXPECT_FALSE(root.exists(QStringLiteral("former")));
+}
+
+TEST_F(AppDelegateTest, ANewSnippetThatIsNotOnTheDiskIsTold) {
+    QFile blocker(home.filePath(QStringLiteral("data")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    program.delegate.store().addGroup(QStringLiteral("G"));
+    program.mainQueue.settle();
+    program.delegate.store().addFromClipboard(QStringLiteral("s"));
+    program.mainQueue.settle();
+    ASSERT_EQ(program.desktop.messages.size(), 2);
+    EXPECT_NE(program.desktop.messages.first(), program.desktop.messages.last());
+    const QJsonObject status = ask(program, QStringLiteral("status")).result.toObject();
+    EXPECT_TRUE(
+        status.value(QStringLiteral("problems")).toObject().contains(QStringLiteral("snippets")));
+    EXPECT_EQ(status.value(QStringLiteral("snippets")), QJsonValue(1));
 }
 
 TEST_F(AppDelegateTest, ASecondInstanceShowsTheFirstAndEnds) {
@@ -134,8 +177,7 @@ TEST_F(AppDelegateTest, TheMenuPastesAndTheFooterActs) {
     program.copy(QStringLiteral("a"));
     program.copy(QStringLiteral("b"));
     emit program.statusItem.activated();
-    ASSERT_EQ(program.menu.tree.at(2).title, QStringLiteral("a"));
-    program.menu.choose(program.menu.tree.at(2));
+    program.menu.choose(row(program.menu.tree, QStringLiteral("a")));
     program.mainQueue.advance(1s);
     EXPECT_EQ(program.pasteboard.string(), QStringLiteral("a"));
     EXPECT_EQ(program.keyPoster.posts().size(), 1);

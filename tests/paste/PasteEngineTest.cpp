@@ -37,6 +37,9 @@ protected:
         return first().id;
     }
     QUuid copied(const QString& text) { return copied({textItem(text)}); }
+    void paste(const QUuid& id, PasteOption option = PasteOption::normal) {
+        engine.pasteEntry(*history.entry(id), option);
+    }
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, ownProcess};
@@ -46,7 +49,7 @@ protected:
 TEST_F(PasteEngineTest, WritesAtOnceAndPressesKeysInTheTargetLater) {
     const QUuid old = copied(QStringLiteral("old"));
     copied(QStringLiteral("new"));
-    engine.pasteRecentSnippet(old);
+    paste(old);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("old"));
     EXPECT_EQ(workspace.activations(), QList<FocusTarget>({{7, 70, 71}}));
     mainQueue.advance(79ms);
@@ -61,7 +64,7 @@ TEST_F(PasteEngineTest, ItsWriteIsNotRecorded) {
     const QUuid id = copied(QStringLiteral("x"));
     QSignalSpy captured(&history, &ClipboardHistory::entryCaptured);
     for (int i = 0; i < 14; ++i)
-        engine.pasteRecentSnippet(id);
+        paste(id);
     mainQueue.settle();
     mainQueue.advance(10s);
     EXPECT_TRUE(captured.isEmpty());
@@ -72,7 +75,7 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
         {{QStringLiteral("text/html"), "<b>x</b>"},
          {QStringLiteral("UTF8_STRING"), "x"},
          {QStringLiteral("application/x-own"), QByteArray("\0\1", 2)}}};
-    engine.pasteRecentSnippet(copied({rich}));
+    paste(copied({rich}));
     const auto written = pasteboard.items().first().payloadByType;
     EXPECT_EQ(written.mid(0, 3), rich.payloadByType);
     EXPECT_EQ(written.at(3), (PasteboardRepresentation{pasteboardTypeString, "x"}));
@@ -80,11 +83,11 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
 
 TEST_F(PasteEngineTest, WithoutCapturedFormsTheTextOrThePictureIsPasted) {
     history.insert({.text = QStringLiteral("stored")});
-    engine.pasteRecentSnippet(first().id);
+    paste(first().id);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("stored"));
     const QByteArray png("\x89PNG\r\n\x1a\n...", 11);
     history.insert({.imagePNGData = png});
-    engine.pasteRecentSnippet(first().id);
+    paste(first().id);
     EXPECT_EQ(pasteboard.imagePng(), png);
 }
 
@@ -93,7 +96,7 @@ TEST_F(PasteEngineTest, OnlyOrdinaryProgramsOfOthersBecomeTargets) {
     workspace.setFrontmost(program(ownProcess, 10), 11);
     workspace.setFrontmost(program(8, 80, ApplicationKind::overlay), 81);
     workspace.setFrontmost(std::nullopt);
-    engine.pasteRecentSnippet(id);
+    paste(id);
     mainQueue.advance(1s);
     EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({FocusTarget{7, 70, 71}}));
 }
@@ -101,7 +104,7 @@ TEST_F(PasteEngineTest, OnlyOrdinaryProgramsOfOthersBecomeTargets) {
 TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
     const QUuid id = copied(QStringLiteral("x"));
     workspace.end(70);
-    engine.pasteRecentSnippet(id);
+    paste(id);
     EXPECT_TRUE(workspace.activations().isEmpty());
     mainQueue.advance(119ms);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
@@ -112,28 +115,19 @@ TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
 TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteboard) {
     const QUuid id = copied(QStringLiteral("x"));
     QSignalSpy missing(&engine, &PasteEngine::permissionMissing);
-    const auto paste = [&](bool trusted) {
+    const auto pasteTrusted = [&](bool trusted) {
         keyPoster.setTrusted(trusted);
-        engine.pasteRecentSnippet(id);
+        paste(id);
         mainQueue.advance(1s);
     };
-    paste(false);
-    paste(false);
+    pasteTrusted(false);
+    pasteTrusted(false);
     EXPECT_EQ(missing.size(), 1);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
     EXPECT_EQ(pasteboard.string(), QStringLiteral("x"));
-    paste(true);
-    paste(false);
+    pasteTrusted(true);
+    pasteTrusted(false);
     EXPECT_EQ(missing.size(), 2) << "told again after it had worked";
-}
-
-TEST_F(PasteEngineTest, AnUnknownEntryDoesNothing) {
-    copied(QStringLiteral("x"));
-    const qint64 count = pasteboard.changeCount();
-    engine.pasteRecentSnippet(QUuid::createUuid());
-    mainQueue.advance(1s);
-    EXPECT_EQ(pasteboard.changeCount(), count);
-    EXPECT_TRUE(keyPoster.posts().isEmpty());
 }
 
 TEST(FocusTracker, PollsWhereChangesAreNotAnnounced) {

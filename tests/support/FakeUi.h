@@ -10,29 +10,39 @@ namespace quorvel::testing {
 
 class FakeMenuRenderer final : public MenuRenderer {
 public:
-    void open(const QList<MenuItem>& items) override {
+    void open(const QList<MenuItem>& items, MenuForm) override {
         tree = items;
         m_open = true;
     }
     void update(const QList<MenuItem>& items) override { tree = items; }
-    void fillSubmenu(const QString&, const QList<MenuItem>&) override {}
-    void warmUp(const QList<MenuItem>&) override { ++warmUps; }
+    void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override {
+        fills.append({identifier, items});
+    }
+    void warmUp(const QList<MenuItem>&, MenuForm) override { ++warmUps; }
     void close() override {
         if (std::exchange(m_open, false))
             emit closed();
     }
     bool isOpen() const override { return m_open; }
     void setClosingKey(quint32 key, Modifiers) override { closingKey = key; }
-    Modifiers currentModifiers() const override { return {}; }
+    Modifiers currentModifiers() const override { return held; }
+
+    /// The user presses or lets go of modifier keys, and the program is told.
+    void hold(Modifiers modifiers) {
+        held = modifiers;
+        emit modifiersChanged(held);
+    }
 
     /// What a click on an item does: the menu goes, then the choice is told.
     void choose(const MenuItem& item) {
-        const MenuChoice choice{item.action, item.representedObject, {}};
+        const MenuChoice choice{item.action, item.representedObject, held};
         close();
         emit chosen(choice);
     }
 
     QList<MenuItem> tree;
+    QList<std::pair<QString, QList<MenuItem>>> fills; ///< Submenus that were filled, in order.
+    Modifiers held;
     quint32 closingKey = 0;
     int warmUps = 0;
 

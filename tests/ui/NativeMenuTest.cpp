@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScreen>
 
 #include <gtest/gtest.h>
@@ -75,6 +76,20 @@ private:
     xcb_connection_t* m_connection;
 };
 
+/// Another keyboard layout as long as this lives.
+class KeyboardLayout {
+public:
+    explicit KeyboardLayout(const QStringList& layout) { set(layout); }
+    KeyboardLayout(const KeyboardLayout&) = delete;
+    KeyboardLayout& operator=(const KeyboardLayout&) = delete;
+    ~KeyboardLayout() { set({QStringLiteral("us"), QStringLiteral("-option")}); }
+
+private:
+    static void set(const QStringList& layout) {
+        EXPECT_EQ(uiDesktop().run(QStringLiteral("setxkbmap"), layout).exitCode, 0);
+    }
+};
+
 class NativeMenuTest : public testing::Test {
 protected:
     NativeMenuTest() {
@@ -88,12 +103,18 @@ protected:
         QObject::connect(
             &m_menu, &MenuRenderer::submenuOpening, &m_menu,
             [this](const QString& id) { m_events.append(QStringLiteral("opening ") + id); });
+        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
+                         [this](const QString& query) { m_queries.append(query); });
+        QObject::connect(&m_menu, &MenuRenderer::modifiersChanged, &m_menu,
+                         [this](Modifiers held) { m_modifiers.append(held); });
         putPointer(QPoint(200, 100));
     }
 
     NativeMenu& menu() { return m_menu; }
     const QStringList& events() const { return m_events; }
     const MenuChoice& choice() const { return m_choice; }
+    const QStringList& queries() const { return m_queries; }
+    const QList<Modifiers>& modifiersTold() const { return m_modifiers; }
 
     void putPointer(QPoint position) {
         xdotool({QStringLiteral("mousemove"), QString::number(position.x()),
@@ -102,7 +123,7 @@ protected:
 
     void open(const QList<MenuItem>& tree) {
         const int before = m_paintings;
-        m_menu.open(tree);
+        m_menu.open(tree, MenuForm::native);
         ASSERT_TRUE(waitUntil([&] { return m_paintings == before + 1; }));
     }
 
@@ -146,6 +167,29 @@ protected:
         return highlighted(shownMenu()) == row;
     }
 
+    static QLineEdit& searchField() { return *shownMenu().findChild<QLineEdit*>(); }
+    bool asked(const QStringList& expected) {
+        return waitUntil([&] { return m_queries.size() >= expected.size(); }) &&
+               m_queries == expected;
+    }
+
+    /// What the program does with a search: the tree with what is found.
+    void answerSearches(const QStringList& titles) {
+        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
+                         [this, titles](const QString& query) {
+                             m_menu.update(searchable(titles.filter(query), query));
+                         });
+    }
+    static QList<MenuItem> searchable(const QStringList& titles, const QString& query = {}) {
+        QList<MenuItem> items{{.kind = MenuItemKind::searchField,
+                               .title = QStringLiteral("Search"),
+                               .representedObject = query},
+                              MenuItem::header(QStringLiteral("Clips"))};
+        for (const QString& title : titles)
+            items.append(clip(title));
+        return items;
+    }
+
     static void sendKey(QEvent::Type type, quint32 scanCode, quint64 time) {
         QKeyEvent event(type, Qt::Key_V, Qt::MetaModifier, scanCode, 0, 0);
         event.setTimestamp(time);
@@ -157,6 +201,8 @@ private:
     StringTable m_strings = StringTable::forLanguage(QStringLiteral("en"));
     NativeMenu m_menu{m_icons, m_strings};
     QStringList m_events;
+    QStringList m_queries;
+    QList<Modifiers> m_modifiers;
     MenuChoice m_choice;
     int m_paintings = 0;
 };
@@ -298,9 +344,11 @@ TEST_F(NativeMenuTest, anUpdateKeepsItOnTheScreenAndAtThePointer) {
     open(clips(3));
     const int bottom = shownMenu().geometry().bottom();
     ASSERT_LE(bottom, limits.bottom() - 20);
+    const int width = shownMenu().width();
     for (const int count : {12, 2, 300, 5}) {
         SCOPED_TRACE(count);
         menu().update(clips(count));
+        EXPECT_EQ(shownMenu().width(), width);
         EXPECT_TRUE(limits.contains(shownMenu().geometry()));
         if (count < 20) {
             EXPECT_EQ(shownMenu().geometry().bottom(), bottom);
@@ -338,6 +386,150 @@ TEST_F(NativeMenuTest, closingClosesItsSubmenusToo) {
     EXPECT_EQ(events(), QStringList(QStringLiteral("closed")));
 }
 
+TEST_F(NativeMenuTest, typingGoesToTheSearchFieldWhereverTheHighlightIs) {
+    const QStringList titles{QStringLiteral("ax"), QStringLiteral("abx"), QStringLiteral("b y")};
+    answerSearches(titles);
+    open(searchable(titles));
+    EXPECT_EQ(searchField().placeholderText(), QStringLiteral("Search"));
+    ASSERT_TRUE(highlight(QStringLiteral("abx")));
+    pressKeys("b");
+    ASSERT_TRUE(asked({QStringLiteral("b")}));
+    EXPECT_EQ(highlighted(shownMenu()), QStringLiteral("abx")); // The first that is found.
+    pressKeys("Down");
+    ASSERT_TRUE(waitUntil([] { return highlighted(shownMenu()) == QStringLiteral("b y"); }));
+    menu().update(searchable({QStringLiteral("b new"), QStringLiteral("b y")},
+                             QStringLiteral("b"))); // Something was copied meanwhile.
+    EXPECT_EQ(highlighted(shownMenu()), QStringLiteral("b y"));
+    for (const char* key : {"space", "alt+x", "super+x", "y", "Left", "Left", "Left", "BackSpace"})
+        pressKeys(key);
+    EXPECT_TRUE(asked({QStringLiteral("b"), QStringLiteral("b "), QStringLiteral("b y")}));
+    pressKeys("Delete");
+    EXPECT_TRUE(waitUntil([&] { return queries().constLast() == QStringLiteral(" y"); }));
+    EXPECT_TRUE(searchField().hasFocus());
+    pressKeys("Return");
+    EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen b y")}));
+}
+
+TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
+    const KeyboardLayout deadKeys({QStringLiteral("us"), QStringLiteral("-variant"),
+                                   QStringLiteral("intl"), QStringLiteral("-option"),
+                                   QStringLiteral("compose:menu")});
+    open(searchable({QStringLiteral("a"), QStringLiteral("b")}));
+    ASSERT_TRUE(highlight(QStringLiteral("b")));
+    for (const char* key : {"dead_acute", "e", "Multi_key", "s", "s"})
+        pressKeys(key);
+    EXPECT_TRUE(asked({QStringLiteral(u"\u00E9"), QStringLiteral(u"\u00E9\u00DF")}));
+}
+
+TEST_F(NativeMenuTest, escapeClearsTheSearchBeforeItCloses) {
+    MenuItem folder = submenu(QStringLiteral("more"), clips(2));
+    const QList<MenuItem> tree = searchable({QStringLiteral("a")}) << folder;
+    open(tree);
+    pressKeys("a");
+    ASSERT_TRUE(asked({QStringLiteral("a")}));
+    pressKeys("Escape");
+    ASSERT_TRUE(asked({QStringLiteral("a"), QString()}));
+    EXPECT_TRUE(menu().isOpen());
+    ASSERT_TRUE(highlight(QStringLiteral("more")));
+    pressKeys("Right");
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 2; }));
+    pressKeys("x"); // From inside a submenu, too.
+    ASSERT_TRUE(asked({QStringLiteral("a"), QString(), QStringLiteral("x")}));
+    pressKeys("Left");
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 1; }));
+    EXPECT_TRUE(searchField().hasFocus());
+    pressKeys("Escape");
+    ASSERT_TRUE(waitUntil([&] { return queries().size() == 4; }));
+    EXPECT_TRUE(menu().isOpen());
+    pressKeys("Escape");
+    EXPECT_TRUE(happens({QStringLiteral("closed")}));
+    // A caret that went on blinking would keep the processor awake.
+    EXPECT_TRUE(waitUntil([] { return !QApplication::focusWidget(); }));
+    open(tree);
+    EXPECT_EQ(searchField().text(), QString());
+    pressKeys("z");
+    EXPECT_TRUE(waitUntil([&] { return queries().constLast() == QStringLiteral("z"); }));
+}
+
+TEST_F(NativeMenuTest, theSearchFieldOutlivesRowsThatComeBeforeItAndItsOwnAbsence) {
+    QList<MenuItem> tree = searchable({QStringLiteral("a")}, QStringLiteral("given"));
+    open(tree);
+    EXPECT_EQ(searchField().text(), QStringLiteral("given"));
+    pressKeys("1");
+    ASSERT_TRUE(asked({QStringLiteral("given1")}));
+    tree.prepend(MenuItem::disabled(QStringLiteral("The disk is full")));
+    menu().update(tree);
+    EXPECT_TRUE(searchField().isVisible());
+    EXPECT_GT(searchField().mapTo(&shownMenu(), QPoint()).y(), 20);
+    pressKeys("2");
+    ASSERT_TRUE(asked({QStringLiteral("given1"), QStringLiteral("given12")}));
+    menu().update({clip(QStringLiteral("a"))});
+    EXPECT_FALSE(searchField().isVisible());
+    menu().update(searchable({}));
+    EXPECT_TRUE(searchField().isVisible());
+    EXPECT_TRUE(searchField().hasFocus());
+    EXPECT_EQ(searchField().text(), QString());
+}
+
+TEST_F(NativeMenuTest, modifierKeysAreToldInSubmenusToo) {
+    open(searchable({}) << submenu(QStringLiteral("more"), clips(2)));
+    QList<Modifiers> expected;
+    const auto holdAndRelease = [&](const char* key, Modifier modifier) {
+        xdotool({QStringLiteral("keydown"), QString::fromLatin1(key)});
+        expected.append(modifier);
+        EXPECT_TRUE(waitUntil([&] { return modifiersTold() == expected; })) << key;
+        xdotool({QStringLiteral("keyup"), QString::fromLatin1(key)});
+        expected.append(Modifiers());
+        EXPECT_TRUE(waitUntil([&] { return modifiersTold() == expected; })) << key;
+    };
+    holdAndRelease("Alt_L", Modifier::option);
+    ASSERT_TRUE(highlight(QStringLiteral("more")));
+    pressKeys("Right");
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 2; }));
+    holdAndRelease("Alt_L", Modifier::option);
+    holdAndRelease("Super_L", Modifier::command);
+    EXPECT_EQ(shownMenus().size(), 2);
+    EXPECT_TRUE(events().isEmpty());
+}
+
+TEST_F(NativeMenuTest, keysInsideLazySubmenusWork) {
+    MenuItem folder = submenu(QStringLiteral("group-lazy-1"));
+    folder.innerKeys = {{{QStringLiteral("7"), Modifier::command},
+                         MenuAction::pasteGroupSnippet,
+                         QStringLiteral("inner")}};
+    open({folder});
+    pressKeys("super+7");
+    ASSERT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen inner")}));
+    EXPECT_EQ(choice().action, MenuAction::pasteGroupSnippet);
+}
+
+TEST_F(NativeMenuTest, anItemGetsASubmenuInPlaceAndLosesItAgain) {
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    const QList<MenuItem> plain = searchable(titles);
+    QList<MenuItem> withModes = plain;
+    for (MenuItem& item : withModes)
+        if (item.action != MenuAction::none)
+            item.identifier = QStringLiteral("modes-lazy-") + item.representedObject;
+    open(plain);
+    ASSERT_TRUE(highlight(QStringLiteral("b")));
+    const QRect place = shownMenu().geometry();
+    menu().update(withModes);
+    EXPECT_EQ(highlighted(shownMenu()), QStringLiteral("b"));
+    EXPECT_EQ(shownMenus().size(), 1);
+    menu().update(plain);
+    menu().update(withModes);
+    pressKeys("Right");
+    ASSERT_TRUE(happens({QStringLiteral("opening modes-lazy-b")}));
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 2; }));
+    menu().update(plain);
+    EXPECT_EQ(shownMenus().size(), 1);
+    EXPECT_EQ(highlighted(shownMenu()), QStringLiteral("b"));
+    EXPECT_EQ(shownMenu().geometry(), place);
+    pressKeys("Return");
+    EXPECT_TRUE(happens({QStringLiteral("opening modes-lazy-b"), QStringLiteral("closed"),
+                         QStringLiteral("chosen b")}));
+}
+
 TEST_F(NativeMenuTest, itLeavesTheInputFocusWhereItIs) {
     const auto answer = [](const QStringList& question) {
         return uiDesktop().run(QStringLiteral("xdotool"), question).output.trimmed();
@@ -351,7 +543,7 @@ TEST_F(NativeMenuTest, itLeavesTheInputFocusWhereItIs) {
         focus = answer(focusedWindow);
         return !focus.isEmpty() && answer(terminalWindows).split('\n').contains(focus);
     })) << terminal->errors().constData();
-    open(clips(2));
+    open(searchable({QStringLiteral("clip 1")}));
     ASSERT_TRUE(highlight(QStringLiteral("clip 1"))); // The keys come all the same.
     EXPECT_EQ(answer(focusedWindow), focus);
 }

@@ -1,7 +1,6 @@
 #include "app/preferences/SnippetShortcut.h"
 
 #include <QJsonDocument>
-#include <QJsonObject>
 
 namespace quorvel {
 
@@ -11,12 +10,18 @@ const QString modifiersField = QStringLiteral("modifiersRawValue");
 } // namespace
 
 QByteArray SnippetShortcut::toJson() const {
-    const QJsonObject object{{keyField, key}, {modifiersField, qint64(modifiersRawValue)}};
-    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+    return QJsonDocument(toJsonObject()).toJson(QJsonDocument::Compact);
 }
 
 std::optional<SnippetShortcut> SnippetShortcut::fromJson(const QByteArray& bytes) {
-    const QJsonObject object = QJsonDocument::fromJson(bytes).object();
+    return fromJsonObject(QJsonDocument::fromJson(bytes).object());
+}
+
+QJsonObject SnippetShortcut::toJsonObject() const {
+    return {{keyField, key}, {modifiersField, qint64(modifiersRawValue)}};
+}
+
+std::optional<SnippetShortcut> SnippetShortcut::fromJsonObject(const QJsonObject& object) {
     if (!object.value(keyField).isString() || !object.value(modifiersField).isDouble())
         return std::nullopt;
     return SnippetShortcut{object.value(keyField).toString(),

@@ -3,6 +3,7 @@
 #include "foundation/Modifiers.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 
 #include <optional>
@@ -21,6 +22,10 @@ struct SnippetShortcut {
 
     /// Absent when the bytes are not a shortcut at all; a key of the wrong length is kept as it is.
     static std::optional<SnippetShortcut> fromJson(const QByteArray& bytes);
+
+    /// The same as an object inside a larger document.
+    QJsonObject toJsonObject() const;
+    static std::optional<SnippetShortcut> fromJsonObject(const QJsonObject& object);
 
     bool operator==(const SnippetShortcut&) const = default;
 };

@@ -1,80 +1,16 @@
 #include "smart/masking/CommandSecrets.h"
 
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/CommandLine.h"
+#include "smart/masking/CommandTable.h"
+#include "smart/masking/PlaceholderWords.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace quorvel {
 
 namespace {
-
-/// Where the password stands that an option announces.
-enum class Place : quint8 {
-    next,         ///< -p x
-    attached,     ///< -px
-    either,       ///< -p x, -px
-    afterColon,   ///< -u user:x
-    afterPercent, ///< -U user%x
-    afterComma,   ///< -u user,x
-    login,        ///< -p x, only where the arguments say "login"
-};
-
-struct Option {
-    QStringView command;
-    QStringView option;
-    Place place;
-};
-
-constexpr Option options[] = {
-    {u"curl", u"-u", Place::afterColon},
-    {u"curl", u"--user", Place::afterColon},
-    {u"curl", u"-U", Place::afterColon},
-    {u"curl", u"--proxy-user", Place::afterColon},
-    {u"http", u"-a", Place::afterColon},
-    {u"xh", u"-a", Place::afterColon},
-    {u"mysql", u"-p", Place::attached},
-    {u"mysqldump", u"-p", Place::attached},
-    {u"mysqladmin", u"-p", Place::attached},
-    {u"mariadb", u"-p", Place::attached},
-    {u"mysqlimport", u"-p", Place::attached},
-    {u"mysqlsh", u"-p", Place::attached},
-    {u"sshpass", u"-p", Place::either},
-    {u"mongo", u"-p", Place::either},
-    {u"mongosh", u"-p", Place::either},
-    {u"mongodump", u"-p", Place::either},
-    {u"mongorestore", u"-p", Place::either},
-    {u"mongoimport", u"-p", Place::either},
-    {u"docker", u"-p", Place::login},
-    {u"podman", u"-p", Place::login},
-    {u"helm", u"-p", Place::login},
-    {u"az", u"-p", Place::login},
-    {u"oc", u"-p", Place::login},
-    {u"unzip", u"-P", Place::either},
-    {u"zip", u"-P", Place::either},
-    {u"7z", u"-p", Place::attached},
-    {u"7za", u"-p", Place::attached},
-    {u"rar", u"-hp", Place::attached},
-    {u"unrar", u"-p", Place::attached},
-    {u"redis-cli", u"-a", Place::next},
-    {u"ldapsearch", u"-w", Place::either},
-    {u"ldapadd", u"-w", Place::either},
-    {u"ldapmodify", u"-w", Place::either},
-    {u"ldapwhoami", u"-w", Place::either},
-    {u"sqlcmd", u"-P", Place::either},
-    {u"bcp", u"-P", Place::either},
-    {u"ipmitool", u"-P", Place::next},
-    {u"rdesktop", u"-p", Place::either},
-    {u"xfreerdp", u"/p:", Place::attached},
-    {u"smbclient", u"-U", Place::afterPercent},
-    {u"rpcclient", u"-U", Place::afterPercent},
-    {u"lftp", u"-u", Place::afterComma},
-    {u"openssl", u"pass:", Place::attached},
-    {u"vncviewer", u"-passwd", Place::next},
-    {u"plink", u"-pw", Place::next},
-    {u"pscp", u"-pw", Place::next},
-    {u"putty", u"-pw", Place::next},
-    {u"psftp", u"-pw", Place::next},
-};
 
 constexpr BeginningFilter commandBeginnings = [] {
     BeginningFilter filter;
@@ -88,111 +24,125 @@ constexpr BeginningFilter commandBeginnings = [] {
     return filter;
 }();
 
-/// One argument without its quotes.
-struct Argument {
-    qsizetype start = 0;
-    qsizetype end = 0;
+/// Programs that read a password from a pipe.
+constexpr QStringView pipeReaders[] = {
+    u"sudo -S", u"sudo -kS",   u"sudo --stdin",    u"--password-stdin", u"passwd --stdin",
+    u"kinit",   u"cryptsetup", u"--passphrase-fd", u"--passin stdin",   u"chpasswd",
 };
-
-bool endsCommand(QChar unit) {
-    return unit == u'\n' || unit == u'\r' || unit == u'|' || unit == u';' || unit == u'&' ||
-           unit == u')' || unit == u'`';
-}
-
-qsizetype argumentEnd(QStringView text, qsizetype at, qsizetype limit) {
-    QChar quote;
-    for (; at < limit; ++at) {
-        const QChar unit = text[at];
-        const bool isQuote = unit == u'"' || unit == u'\'';
-        if (isQuote && quote.isNull())
-            quote = unit;
-        else if (isQuote && unit == quote)
-            quote = QChar();
-        else if (quote.isNull() && (hasBit(unit, blankBit) || endsCommand(unit)))
-            break;
-        else if (hasBit(unit, lineEndBit))
-            break;
-    }
-    return at;
-}
-
-SecretRange unquoted(QStringView text, qsizetype start, qsizetype end) {
-    const auto isQuote = [&](qsizetype at) { return text[at] == u'"' || text[at] == u'\''; };
-    if (end > start && isQuote(start))
-        ++start;
-    if (end > start && isQuote(end - 1))
-        --end;
-    return {start, end - start};
-}
 
 bool isGiven(QStringView value) {
     return !value.isEmpty() && !value.startsWith(u'$') && !value.startsWith(u'<') &&
            !value.startsWith(u'-') && !value.startsWith(u'{') && !value.startsWith(u'[') &&
            !value.contains(u"***") && !value.startsWith(u"your", Qt::CaseInsensitive) &&
-           !value.startsWith(u"xxx", Qt::CaseInsensitive) && value != u"password" &&
-           value != u"PASSWORD";
+           !value.startsWith(u"xxx", Qt::CaseInsensitive) && !isPlaceholderWord(value) &&
+           !value.startsWith(u"user@");
 }
 
-class CommandLine {
+/// Whether the place alone says that it is a password, or only together with its look.
+enum class Trust : quint8 { explicitly, ifNoWord };
+
+/// What cannot be a word of prose.
+bool isNoWord(QStringView value) {
+    return std::ranges::any_of(value, [](QChar unit) { return hasBit(unit, digitBit); }) ||
+           (value.size() >= 8 && std::ranges::any_of(value.chopped(1), [](QChar unit) {
+                return hasBit(unit, symbolBit) && unit != u'\'' && unit != u'"';
+            }));
+}
+
+/// Reads the arguments of one program by the rows of the table.
+class CommandReader {
 public:
-    CommandLine(QStringView text, qsizetype start, qsizetype wordEnd)
+    CommandReader(QStringView text, qsizetype start, qsizetype wordEnd)
         : m_text(text)
-        , m_command(text.mid(start, wordEnd - start)) {
-        readArguments(wordEnd);
-    }
+        , m_command(text.mid(start, wordEnd - start))
+        , m_line(text, wordEnd) {}
 
     CommandReading read() const {
-        CommandReading reading{{}, m_end};
-        for (qsizetype i = 0; i < m_arguments.size(); ++i)
-            for (const Option& option : options)
-                if (option.command == m_command)
-                    addOf(option, i, reading.hidden);
+        CommandReading reading{{}, m_line.end()};
+        for (const Option& option : options)
+            if (option.command == m_command)
+                readOption(option, reading.hidden);
         return reading;
     }
 
 private:
-    void readArguments(qsizetype at) {
-        constexpr qsizetype longest = 3000;
-        const qsizetype limit = qMin(m_text.size(), at + longest);
-        for (;;) {
-            while (at < limit &&
-                   (bitsOf(m_text[at]) == blankBit ||
-                    (m_text[at] == u'\\' && hasBit(unitAt(m_text, at + 1), lineEndBit)) ||
-                    (hasBit(m_text[at], lineEndBit) && m_text[at - 1] == u'\\')))
-                ++at;
-            if (at >= limit || endsCommand(m_text[at]))
-                break;
-            const qsizetype end = argumentEnd(m_text, at, limit);
-            if (end > at)
-                m_arguments.append({at, end});
-            // What neither is skipped above nor begins an argument must not stop the walk.
-            at = qMax(end, at + 1);
-        }
-        m_end = at;
+    void readOption(const Option& option, QList<SecretRange>& to) const {
+        if (option.place == Place::piped)
+            return addPiped(to);
+        if (const auto index = fixedIndex(option.place))
+            return addAt(*index, option, to);
+        for (qsizetype i = 0; i < m_line.count(); ++i)
+            if (m_line.argument(i).startsWith(option.option))
+                addOf(option, i, to);
     }
 
-    QStringView argument(qsizetype index) const {
-        if (index >= m_arguments.size())
+    static std::optional<qsizetype> fixedIndex(Place place) {
+        switch (place) {
+        case Place::second:
+            return 1;
+        case Place::third:
+            return 2;
+        case Place::fourth:
+            return 3;
+        case Place::sixth:
+            return 5;
+        default:
             return {};
-        return m_text.mid(m_arguments[index].start,
-                          m_arguments[index].end - m_arguments[index].start);
+        }
+    }
+
+    void addAt(qsizetype index, const Option& option, QList<SecretRange>& to) const {
+        const bool isMeant = option.option.isEmpty() || m_line.argument(0) == option.option;
+        const QStringView written = m_line.argument(index);
+        if (isMeant && !written.isEmpty() && !written.startsWith(u'/') && written != u"*")
+            addGiven(m_line.unquoted(index, 0), option, to);
     }
 
     void addOf(const Option& option, qsizetype index, QList<SecretRange>& to) const {
-        const QStringView written = argument(index);
-        if (!written.startsWith(option.option))
-            return;
-        const bool isAttached = written.size() > option.option.size();
+        const bool isAttached = m_line.argument(index).size() > option.option.size();
+        const bool isName = option.option.endsWith(u':');
+        if (option.place == Place::striking)
+            return addStriking(option, isAttached && !isName ? m_line.count() : index + 1, to);
         if (isAttached && (option.place == Place::next || option.place == Place::login))
             return;
-        if (!isAttached && (option.place == Place::attached || index + 1 >= m_arguments.size()))
+        if (!isAttached && (option.place == Place::attached || index + 1 >= m_line.count()))
             return;
         if (option.place == Place::login && !hasLogin())
             return;
-        const Argument& from = m_arguments[isAttached ? index : index + 1];
-        const qsizetype start = isAttached ? from.start + option.option.size() : from.start;
-        const SecretRange range = passwordIn(unquoted(m_text, start, from.end), option.place);
-        if (isGiven(m_text.mid(range.start, range.length)))
+        const SecretRange value = isAttached ? m_line.unquoted(index, option.option.size())
+                                             : m_line.unquoted(index + 1, 0);
+        addGiven(passwordIn(value, option.place), option, to);
+    }
+
+    /// A digit before the password says how it is written.
+    void addStriking(const Option& option, qsizetype index, QList<SecretRange>& to) const {
+        if (m_line.argument(index).size() == 1)
+            ++index;
+        if (index < m_line.count() && !m_line.argument(index).startsWith(u'/'))
+            addGiven(m_line.unquoted(index, 0), option, to);
+    }
+
+    void addPiped(QList<SecretRange>& to) const {
+        constexpr qsizetype reach = 80;
+        const QStringView behind = m_text.mid(m_line.end(), reach);
+        const auto isRead = [behind](QStringView reader) { return behind.contains(reader); };
+        if (!behind.startsWith(u'|') || m_line.count() == 0 ||
+            !std::ranges::any_of(pipeReaders, isRead))
+            return;
+        const SecretRange value = m_line.unquoted(m_line.count() - 1, 0);
+        add(behind.contains(u"chpasswd") ? passwordIn(value, Place::afterColon) : value,
+            Trust::explicitly, to);
+    }
+
+    void addGiven(SecretRange range, const Option& option, QList<SecretRange>& to) const {
+        const bool isExplicit = option.place != Place::striking &&
+                                (option.option.startsWith(u'-') || option.option.endsWith(u':'));
+        add(range, isExplicit ? Trust::explicitly : Trust::ifNoWord, to);
+    }
+
+    void add(SecretRange range, Trust trust, QList<SecretRange>& to) const {
+        const QStringView value = m_text.mid(range.start, range.length);
+        if (isGiven(value) && (trust == Trust::explicitly || isNoWord(value)))
             to.append(range);
     }
 
@@ -210,22 +160,22 @@ private:
     }
 
     bool hasLogin() const {
-        for (qsizetype i = 0; i < qMin(m_arguments.size(), qsizetype(4)); ++i)
-            if (argument(i) == u"login")
+        constexpr qsizetype reach = 4;
+        for (qsizetype i = 0; i < qMin(m_line.count(), reach); ++i)
+            if (m_line.argument(i) == u"login")
                 return true;
         return false;
     }
 
     QStringView m_text;
     QStringView m_command;
-    QList<Argument> m_arguments;
-    qsizetype m_end = 0;
+    CommandLine m_line;
 };
 
 } // namespace
 
 bool isSecretCommand(QStringView word) {
-    constexpr qsizetype longest = 12;
+    constexpr qsizetype longest = 16;
     if (word.size() < 2 || word.size() > longest ||
         !commandBeginnings.mayHold(word[0], word[1], word.size() > 2 ? word[2] : QChar(u' ')))
         return false;
@@ -234,7 +184,7 @@ bool isSecretCommand(QStringView word) {
 }
 
 CommandReading commandSecretsAt(QStringView text, qsizetype start, qsizetype wordEnd) {
-    return CommandLine(text, start, wordEnd).read();
+    return CommandReader(text, start, wordEnd).read();
 }
 
 } // namespace quorvel

@@ -71,7 +71,8 @@ qsizetype endOfCookieValue(QStringView text, qsizetype at) {
 
 std::optional<SecretRange> authorizationAt(QStringView text, qsizetype start) {
     const qsizetype at = afterHeaderMarks(text, start);
-    if (at == start)
+    const auto isMark = [](QChar unit) { return !hasBit(unit, blankBit); };
+    if (std::ranges::none_of(text.mid(start, at - start), isMark))
         return {};
     const qsizetype wordEnd = endOfBits(text.left(at + 24), at, lowerBit | upperBit);
     const QStringView word = text.mid(at, wordEnd - at);

@@ -1,27 +1,13 @@
 #include "smart/masking/LabelledValues.h"
 
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/ValueEnds.h"
 
 #include <algorithm>
 
 namespace quorvel {
 
 namespace {
-
-constexpr qsizetype longestValue = 1000;
-
-constexpr QStringView verbs[] = {
-    u"is",     u"ist", u"es", u"est",     u"e",  u"\u00E8", u"\u00E9", u"was",
-    u"lautet", u"war", u"er", u"\u00E4r", u"on", u"jest",   u"je",     u"to",
-};
-
-constexpr QStringView joinedVerbs[] = {u"は", u"是", u"为", u"為", u"은", u"는", u"가", u"이"};
-
-bool isQuote(QChar unit) {
-    return unit == u'"' || unit == u'\'' || unit == u'`' || unit == QChar(0x201C) ||
-           unit == QChar(0x201E) || unit == QChar(0x201D) || unit == QChar(0x2018) ||
-           unit == QChar(0x2019) || unit == QChar(0xAB) || unit == QChar(0x300C);
-}
 
 /// Where the mark that ends a quotation stands, or -1.
 qsizetype closingQuote(QStringView text, qsizetype start, QChar opening) {
@@ -38,33 +24,6 @@ qsizetype closingQuote(QStringView text, qsizetype start, QChar opening) {
             return unitAt(text, at - 1) == u'\\' && isPlain ? at - 1 : at;
     }
     return -1;
-}
-
-/// Closing marks of the label itself: quotes of a key, brackets of an index, stars of bold type.
-qsizetype afterLabelMarks(QStringView text, qsizetype at) {
-    for (int count = 0; count < 4; ++count) {
-        const QChar unit = unitAt(text, at);
-        const bool isMark = unit == u'"' || unit == u'\'' || unit == u'`' || unit == u']' ||
-                            unit == u'*' || unit == u'\\' || unit == QChar(0x201D) ||
-                            unit == QChar(0xBB) || unit == QChar(0x300D);
-        if (!isMark)
-            break;
-        ++at;
-    }
-    return at;
-}
-
-/// "Password (guest): x".
-qsizetype afterRemark(QStringView text, qsizetype at) {
-    constexpr qsizetype longest = 40;
-    const qsizetype open = afterBlanks(text, at);
-    if (unitAt(text, open) != u'(')
-        return at;
-    const qsizetype close = text.mid(open, longest).indexOf(u')');
-    if (close < 0)
-        return at;
-    const qsizetype next = afterBlanks(text, open + close + 1);
-    return unitAt(text, next) == u':' || unitAt(text, next) == u'=' ? next : at;
 }
 
 bool isApostrophe(QStringView text, qsizetype at) {
@@ -85,144 +44,6 @@ bool isInsideQuote(QStringView text, const Label& label, QChar quote) {
     return isInside;
 }
 
-struct Gap {
-    Separator separator = Separator::blank;
-    bool isTight = false;
-    qsizetype end = 0;
-};
-
-std::optional<Gap> punctuationGap(QStringView text, qsizetype at) {
-    const QChar unit = unitAt(text, at);
-    const QChar next = unitAt(text, at + 1);
-    const bool isColon = unit == u':' || unit == QChar(0xFF1A) || unit == QChar(0xFE55);
-    if (isColon && next == u'=')
-        return Gap{Separator::equals, false, at + 2};
-    if (isColon && next != u':')
-        return Gap{Separator::colon, false, at + 1};
-    if ((unit == u'=' || unit == u'-') && next == u'>')
-        return Gap{Separator::equals, false, at + 2};
-    if ((unit == u'=' || unit == QChar(0xFF1D)) && next != u'=' && next != u'~')
-        return Gap{Separator::equals, false, at + 1};
-    if (unit == QChar(0x2192) || unit == u'|')
-        return Gap{Separator::tab, false, at + 1};
-    return {};
-}
-
-/// "Password - x".
-std::optional<Gap> dashGap(QStringView text, qsizetype at) {
-    const QChar unit = unitAt(text, at);
-    const bool isDash = unit == u'-' || unit == QChar(0x2013) || unit == QChar(0x2014);
-    const bool isFree =
-        bitsOf(unitAt(text, at - 1)) == blankBit && bitsOf(unitAt(text, at + 1)) == blankBit;
-    return isDash && isFree ? std::optional(Gap{Separator::verb, false, at + 1}) : std::nullopt;
-}
-
-std::optional<Gap> verbGap(QStringView text, qsizetype at) {
-    for (const QStringView verb : joinedVerbs)
-        if (text.mid(at, verb.size()) == verb)
-            return Gap{Separator::verb, false, at + verb.size()};
-    const qsizetype wordEnd = endOfBits(text.left(at + 8), at, wordBit);
-    const QStringView word = text.mid(at, wordEnd - at);
-    const bool isVerb = std::ranges::any_of(
-        verbs, [word](QStringView verb) { return word.compare(verb, Qt::CaseInsensitive) == 0; });
-    if (!isVerb || wordEnd == at)
-        return {};
-    const qsizetype next = afterBlanks(text, wordEnd);
-    const bool hasColon = unitAt(text, next) == u':';
-    return Gap{hasColon ? Separator::colon : Separator::verb, false, next + (hasColon ? 1 : 0)};
-}
-
-std::optional<Gap> gapAfter(QStringView text, const Label& label) {
-    if (label.style == LabelStyle::element) {
-        // Attributes of the element do not matter.
-        const qsizetype close = text.mid(label.end, 80).indexOf(u'>');
-        const bool isEmpty = close > 0 && text[label.end + close - 1] == u'/';
-        if (close >= 0 && !isEmpty)
-            return Gap{Separator::tag, true, label.end + close + 1};
-    }
-    const qsizetype marks = afterRemark(text, afterLabelMarks(text, label.end));
-    const qsizetype at = afterBlanks(text, marks);
-    if (auto gap = punctuationGap(text, at)) {
-        gap->isTight = at == marks && bitsOf(unitAt(text, gap->end)) != blankBit;
-        return gap;
-    }
-    if (const auto gap = dashGap(text, at))
-        return gap;
-    if (const auto gap = verbGap(text, at))
-        return gap;
-    // As forms are copied: a label on a line of its own.
-    if (hasBit(unitAt(text, at), lineEndBit) && label.style == LabelStyle::word)
-        return Gap{Separator::lineEnd, false, at};
-    if (at == label.end)
-        return {};
-    const bool isTab = text.mid(label.end, at - label.end).contains(u'\t');
-    return Gap{isTab ? Separator::tab : Separator::blank, false, at};
-}
-
-/// Where a value without quotes stops inside a run without blanks.
-bool endsValue(QStringView text, qsizetype at, const Label& label, Separator separator) {
-    const QChar unit = text[at];
-    const QChar next = unitAt(text, at + 1);
-    switch (unit.unicode()) {
-    case u'"':
-    case u'`':
-    case u'\u3002':
-    case u'\uFF0C':
-    case u'\u3001':
-        return true;
-    case u'\'':
-        return next.isNull() || !isAsciiAlphanumeric(next);
-    case u'<':
-        return separator == Separator::tag || next == u'/' || isAsciiLetter(next);
-    case u'&':
-        return label.style == LabelStyle::parameter || text.mid(at, 5) == u"&amp;" ||
-               unitAt(text, endOfBits(text.left(at + 40), at + 1, wordBit)) == u'=';
-    case u'#':
-        return label.style == LabelStyle::parameter;
-    case u'|':
-        return separator == Separator::tab || bitsOf(next) == blankBit;
-    case u';':
-    case u',':
-        return next.isNull() || !isAsciiAlphanumeric(next) || text.mid(at, 40).contains(u'=') ||
-               text.mid(at + 1, 40).contains(u':');
-    default:
-        return false;
-    }
-}
-
-qsizetype bareEnd(QStringView text, qsizetype start, const Label& label, Separator separator) {
-    const qsizetype limit = qMin(text.size(), start + longestValue);
-    qsizetype at = start;
-    while (at < limit && !hasBit(text[at], blankBit) && !endsValue(text, at, label, separator))
-        ++at;
-    return at;
-}
-
-qsizetype withoutClosingMarks(QStringView text, qsizetype start, qsizetype end) {
-    while (end > start + 1) {
-        const QChar last = text[end - 1];
-        const QStringView value = text.mid(start, end - start);
-        const bool isClosing = (last == u')' && !value.contains(u'(')) ||
-                               (last == u']' && !value.contains(u'[')) ||
-                               (last == u'}' && !value.contains(u'{'));
-        const bool isBold = last == u'*' && value.endsWith(u"**") && !value.startsWith(u'*');
-        if (!isClosing && !isBold && last != u'.' && last != u',' && last != u';' && last != u':')
-            break;
-        --end;
-    }
-    return end;
-}
-
-/// Several words go on to the end of their line.
-qsizetype phraseEnd(QStringView text, qsizetype start) {
-    const qsizetype limit = qMin(text.size(), start + longestValue);
-    qsizetype end = start;
-    for (qsizetype at = start; at < limit && !hasBit(text[at], lineEndBit); ++at)
-        if (!hasBit(text[at], blankBit))
-            end = at + 1;
-    return end;
-}
-
 /// Prefixes of string literals: r"", b"", L"", @"".
 qsizetype afterLiteralPrefix(QStringView text, qsizetype at) {
     const QChar unit = unitAt(text, at);
@@ -240,17 +61,45 @@ qsizetype skippedStars(QStringView text, qsizetype at) {
     return unitAt(text, after) == u'*' ? at : after;
 }
 
+bool isOpening(QChar unit) {
+    return unit == u'[' || unit == u'(' || unit == QChar(0x3010) || unit == QChar(0x300C);
+}
+
+/// Whether a name and a password are announced, as by "Login/Password".
+bool announcesPair(QStringView text, const Label& label) {
+    if (label.kind == LabelKind::pair)
+        return true;
+    qsizetype slash = label.start - 1;
+    if (bitsOf(unitAt(text, slash)) == blankBit)
+        --slash;
+    const QChar before = unitAt(text, slash - 1);
+    return unitAt(text, slash) == u'/' && (isLetter(before) || bitsOf(before) == blankBit);
+}
+
+/// Where the password of "name / password" or "name:password" begins, or -1.
+qsizetype secondOfPair(QStringView text, qsizetype start, qsizetype end) {
+    const qsizetype next = afterBlanks(text, end);
+    if (unitAt(text, next) == u'/' || unitAt(text, next) == u'|')
+        return afterBlanks(text, next + 1);
+    const QStringView first = text.mid(start, end - start);
+    for (const QChar mark : {QChar(u'/'), QChar(u':')}) {
+        const qsizetype at = first.indexOf(mark);
+        if (at > 0 && at + 1 < first.size() && !first.contains(u"://"))
+            return start + at + 1;
+    }
+    return -1;
+}
+
 } // namespace
 
 std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
     const auto gap = gapAfter(text, label);
     if (!gap)
         return {};
-    LabelledValue value;
-    value.separator = gap->separator;
-    value.isTight = gap->isTight;
+    LabelledValue value{gap->separator, false, gap->isTight, gap->isFar};
     qsizetype start = skippedStars(text, afterBlanks(text, gap->end));
-    if (hasBit(unitAt(text, start), lineEndBit) && gap->separator != Separator::verb) {
+    if (hasBit(unitAt(text, start), lineEndBit) && gap->separator != Separator::verb &&
+        !gap->isFar) {
         value.separator = Separator::lineEnd;
         start = endOfBits(text.left(start + 4), start, blankBit);
     }
@@ -259,6 +108,8 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         return {};
     if (isQuote(unitAt(text, start)) && gap->separator != Separator::tag) {
         const qsizetype close = closingQuote(text, start + 1, text[start]);
+        if (close >= 0 && label.kind == LabelKind::pair)
+            return {};
         if (close >= 0) {
             value.isQuoted = true;
             value.start = start + 1;
@@ -267,15 +118,20 @@ std::optional<LabelledValue> valueOf(QStringView text, const Label& label) {
         }
         ++start;
     }
+    if (isOpening(unitAt(text, start)) &&
+        (label.kind == LabelKind::code || unitAt(text, start).unicode() >= 0x80))
+        ++start;
     value.start = start;
-    const bool isOpen = value.separator == Separator::colon ||
-                        value.separator == Separator::equals ||
-                        value.separator == Separator::lineEnd;
-    value.end = label.kind == LabelKind::phrase && isOpen
-                    ? phraseEnd(text, start)
-                    : bareEnd(text, start, label, value.separator);
+    value.end = endOfValue(text, label, value);
+    if (announcesPair(text, label)) {
+        const qsizetype second = secondOfPair(text, value.start, value.end);
+        if (second < 0 && label.kind == LabelKind::pair)
+            return {};
+        value.start = second < 0 ? value.start : second;
+        value.end = second < 0 ? value.end : endOfValue(text, label, value);
+    }
     if (value.separator != Separator::tag)
-        value.end = withoutClosingMarks(text, start, value.end);
+        value.end = withoutClosingMarks(text, value.start, value.end);
     const bool isUnclosed = value.separator == Separator::tag && text.mid(value.end, 2) != u"</";
     return value.end > value.start && !isUnclosed ? std::optional(value) : std::nullopt;
 }

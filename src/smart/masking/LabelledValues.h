@@ -1,14 +1,11 @@
 #pragma once
 
-#include "smart/masking/Labels.h"
+#include "smart/masking/Gaps.h"
 #include "smart/masking/SecretMasker.h"
 
 #include <optional>
 
 namespace quorvel {
-
-/// What stands between a label and its value.
-enum class Separator : quint8 { blank, tab, colon, equals, verb, tag, lineEnd };
 
 struct LabelledValue {
     Separator separator = Separator::colon;
@@ -16,6 +13,9 @@ struct LabelledValue {
 
     /// "a=b" without blanks around.
     bool isTight = false;
+
+    /// Other words stand between it and the label.
+    bool isFar = false;
     qsizetype start = 0;
     qsizetype end = 0;
 

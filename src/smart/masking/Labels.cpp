@@ -2,7 +2,7 @@
 
 #include "foundation/Folding.h"
 #include "smart/masking/CharacterBits.h"
-#include "smart/masking/LabelTable.h"
+#include "smart/masking/LabelIndex.h"
 
 #include <algorithm>
 #include <array>
@@ -11,47 +11,31 @@ namespace quorvel {
 
 namespace {
 
-constexpr TrigramFilter labelEnds = [] {
-    TrigramFilter filter;
-    for (const LabelForm& form : labelForms) {
-        const qsizetype size = form.letters.size();
-        const char16_t last = form.letters[size - 1].unicode();
-        const char16_t second = form.letters[size - 2].unicode();
-        if (size > 2)
-            filter.add(form.letters[size - 3].unicode(), second, last);
-        for (char16_t first = 0; size == 2 && first < 32; ++first)
-            filter.add(first, second, last);
+/// The letters before the end of a word, backwards and folded, over the places where a compound
+/// may be joined. Reads no more than is asked for.
+class Backwards {
+public:
+    Backwards(QStringView text, qsizetype end)
+        : m_text(text)
+        , m_at(end - 1) {}
+
+    /// NUL where no more letters follow.
+    char16_t letter(qsizetype index) {
+        while (index >= m_count && m_count < most && readOne())
+            ;
+        return index < m_count ? m_letter[size_t(index)] : u'\0';
     }
-    // Final letters with an accent, as the text may have them.
-    filter.add(u's', u'z', u'\u00F3');
-    filter.add(u'h', u'\u1EA9', u'u');
-    filter.add(u'e', u'\u00F1', u'a');
-    filter.add(u'n', u'\u0303', u'a');
-    filter.add(u's', u'\u00F5', u'n');
-    filter.add(u'\u00F5', u'n', u'a');
-    filter.add(u'o', u'l', u'\u0103');
-    filter.add(u'\u03BA', u'\u03CC', u'\u03C2');
-    // A short last word.
-    filter.add(u' ', u'b', u'y');
-    return filter;
-}();
+    qsizetype place(qsizetype index) const { return m_place[size_t(index)]; }
 
-/// By the low bits of the first unit.
-constexpr std::array<bool, 1024> plainBeginnings = [] {
-    std::array<bool, 1024> begins{};
-    for (const PlainLabel& label : plainLabels)
-        begins[label.letters[0].unicode() & 1023U] = true;
-    return begins;
-}();
+private:
+    bool readOne();
 
-/// The letters before the end of a word, backwards and folded, with the places where a part of a
-/// compound begins.
-struct Backwards {
-    static constexpr int most = 28;
-    std::array<char16_t, most> letter{};
-    std::array<qsizetype, most> place{};
-    std::array<bool, most> beginsPart{};
-    int count = 0;
+    static constexpr qsizetype most = 28;
+    QStringView m_text;
+    qsizetype m_at = 0;
+    qsizetype m_count = 0;
+    std::array<char16_t, most> m_letter;
+    std::array<qsizetype, most> m_place;
 };
 
 char16_t foldedUnit(QChar unit) {
@@ -80,32 +64,32 @@ bool beginsPartAt(QStringView text, qsizetype at) {
     return hasBit(before, lowerBit) || hasBit(unitAt(text, at + 1), lowerBit);
 }
 
-Backwards readBackwards(QStringView text, qsizetype end) {
-    Backwards read;
-    for (qsizetype at = end - 1; at >= 0 && read.count < Backwards::most; --at) {
-        if (isJoint(text[at]) && at > 0 && isLetter(text[at - 1]))
+bool Backwards::readOne() {
+    for (; m_at >= 0; --m_at) {
+        const QChar unit = m_text[m_at];
+        const bool isInside = m_at > 0 && isLetter(m_text[m_at - 1]);
+        // "WPA2 key"
+        const bool isNumbered = hasBit(unit, digitBit) && isJoint(unitAt(m_text, m_at + 1));
+        if (isInside && (isJoint(unit) || isNumbered) && (m_count > 0 || !isNumbered))
             continue;
-        if (!isLetter(text[at]))
-            break;
-        const char16_t unit = foldedUnit(text[at]);
-        if (unit == 0)
+        if (!isLetter(unit))
+            return false;
+        const char16_t plain = foldedUnit(unit);
+        if (plain == 0)
             continue;
-        const auto index = size_t(read.count++);
-        read.letter[index] = unit;
-        read.place[index] = at;
-        read.beginsPart[index] = beginsPartAt(text, at);
+        m_letter[size_t(m_count)] = plain;
+        m_place[size_t(m_count++)] = m_at--;
+        return true;
     }
-    return read;
+    return false;
 }
 
-bool isEndOf(const Backwards& read, const LabelForm& form) {
+bool isEndOf(QStringView text, Backwards& read, const LabelForm& form) {
     const qsizetype size = form.letters.size();
-    if (size > read.count)
-        return false;
-    for (qsizetype i = 0; i < size; ++i)
-        if (form.letters[size - 1 - i] != read.letter[size_t(i)])
+    for (qsizetype i = 2; i < size; ++i)
+        if (form.letters[size - 1 - i] != read.letter(i))
             return false;
-    return form.boundary == LabelBoundary::none || read.beginsPart[size_t(size - 1)];
+    return form.boundary == LabelBoundary::none || beginsPartAt(text, read.place(size - 1));
 }
 
 /// Positions in lists of pages and marks in language models are called tokens too.
@@ -114,48 +98,29 @@ constexpr QStringView harmlessBefore[] = {
     u"bos",      u"unk",  u"sep",  u"cls",          u"mask", u"kind", u"public",
 };
 
-bool isHarmless(const Backwards& read, const LabelForm& form) {
+bool isHarmless(Backwards& read, const LabelForm& form) {
     if (form.kind != LabelKind::token && form.kind != LabelKind::secret)
         return false;
     return std::ranges::any_of(harmlessBefore, [&](QStringView word) {
         const qsizetype offset = form.letters.size();
-        if (offset + word.size() > read.count)
-            return false;
         for (qsizetype i = 0; i < word.size(); ++i)
-            if (word[word.size() - 1 - i] != read.letter[size_t(offset + i)])
+            if (word[word.size() - 1 - i] != read.letter(offset + i))
                 return false;
         return true;
     });
 }
 
-/// The rows of the table by the low bits of their last letter.
-struct LabelIndex {
-    std::array<quint8, std::size(labelForms)> row{};
-    std::array<quint8, 33> begin{};
-};
-
-constexpr LabelIndex labelIndex = [] {
-    static_assert(std::size(labelForms) < 256);
-    LabelIndex index;
-    quint8 count = 0;
-    for (unsigned bucket = 0; bucket < 32; ++bucket) {
-        index.begin[bucket] = count;
-        for (size_t row = 0; row < std::size(labelForms); ++row)
-            if ((labelForms[row].letters.back().unicode() & 31U) == bucket)
-                index.row[count++] = quint8(row);
-    }
-    index.begin[32] = count;
-    return index;
-}();
-
-const LabelForm* longestForm(const Backwards& read) {
+const LabelForm* longestForm(QStringView text, Backwards& read) {
     const LabelForm* best = nullptr;
-    const unsigned bucket = read.letter[0] & 31U;
+    const char16_t last = read.letter(0);
+    const char16_t second = read.letter(1);
+    const unsigned bucket = bucketOf(second, last);
     for (size_t at = labelIndex.begin[bucket]; at < labelIndex.begin[bucket + 1]; ++at) {
         const LabelForm& form = labelForms[labelIndex.row[at]];
-        if (!isEndOf(read, form))
+        const qsizetype size = form.letters.size();
+        if (form.letters[size - 1] != last || form.letters[size - 2] != second)
             continue;
-        if (!best || form.letters.size() > best->letters.size())
+        if ((!best || size > best->letters.size()) && isEndOf(text, read, form))
             best = &form;
     }
     return best;
@@ -192,7 +157,20 @@ LabelStyle styleOf(QStringView text, const Label& label) {
 
 } // namespace
 
+namespace {
+
+/// "password2", "CVC2".
+qsizetype withoutCounter(QStringView text, qsizetype start, qsizetype end) {
+    constexpr int most = 2;
+    for (int count = 0; count < most && end > start && hasBit(text[end - 1], digitBit); ++count)
+        --end;
+    return end;
+}
+
+} // namespace
+
 bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
+    wordEnd = withoutCounter(text, wordStart, wordEnd);
     if (wordEnd - wordStart < 2)
         return false;
     const QChar first = wordEnd - wordStart > 2 ? text[wordEnd - 3] : QChar(u' ');
@@ -200,25 +178,24 @@ bool mayEndLabel(QStringView text, qsizetype wordStart, qsizetype wordEnd) {
 }
 
 std::optional<Label> labelEndingAt(QStringView text, qsizetype wordEnd) {
-    const Backwards read = readBackwards(text, wordEnd);
-    if (read.count == 0)
-        return {};
-    const LabelForm* form = longestForm(read);
+    const qsizetype lettersEnd = withoutCounter(text, 0, wordEnd);
+    Backwards read(text, lettersEnd);
+    const LabelForm* form = longestForm(text, read);
     if (!form || isHarmless(read, *form))
         return {};
     Label label{form->kind, LabelStyle::word, 0, wordEnd};
-    label.start = nameStart(text, read.place[size_t(form->letters.size() - 1)]);
+    label.start = nameStart(text, read.place(form->letters.size() - 1));
     label.style = styleOf(text, label);
     return label;
 }
 
 std::optional<Label> labelStartingAt(QStringView text, qsizetype start) {
-    if (!plainBeginnings[text[start].unicode() & 1023U])
+    if (!plainBeginnings.mayHold(text[start], unitAt(text, start + 1), unitAt(text, start + 2)))
         return {};
     const QStringView rest = text.mid(start, 16);
     for (const PlainLabel& form : plainLabels)
         if (rest.startsWith(form.letters))
-            return Label{form.kind, LabelStyle::word, start, start + form.letters.size()};
+            return Label{form.kind, LabelStyle::plain, start, start + form.letters.size()};
     return {};
 }
 

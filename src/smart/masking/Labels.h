@@ -8,11 +8,17 @@ namespace quorvel {
 
 /// What a label promises of its value; decides how much the value itself must look like a secret.
 enum class LabelKind : quint8 {
-    password, ///< a word that a person chose
-    secret,   ///< an access key or the like
-    token,    ///< a common word: the value must look random
-    pin,      ///< a few digits
-    phrase,   ///< several words
+    password,   ///< a word that a person chose
+    secret,     ///< an access key or the like
+    token,      ///< a common word: the value must look random
+    pin,        ///< a few digits
+    code,       ///< a common word: what is around must say that something is opened
+    codes,      ///< recovery codes, one or a list
+    phrase,     ///< several words
+    seed,       ///< a common word: only the words of a wallet count
+    answer,     ///< to a question that proves who one is
+    pair,       ///< a name and a password
+    networkKey, ///< a common word: a network must be named before
     authorization,
     cookie,
     keyLines, ///< the number of lines of a private key follows
@@ -21,6 +27,7 @@ enum class LabelKind : quint8 {
 /// How a label is written.
 enum class LabelStyle : quint8 {
     word,       ///< in prose
+    plain,      ///< in a script that runs words together
     identifier, ///< the end of a compound name
     constant,   ///< DB_PASSWORD
     option,     ///< --password, /password

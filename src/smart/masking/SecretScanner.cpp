@@ -1,14 +1,19 @@
 #include "smart/masking/SecretScanner.h"
 
+#include "smart/masking/CallSecrets.h"
 #include "smart/masking/CardNumbers.h"
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/CodeLists.h"
 #include "smart/masking/CommandSecrets.h"
 #include "smart/masking/Headers.h"
 #include "smart/masking/JsonWebTokens.h"
 #include "smart/masking/LabelledValues.h"
 #include "smart/masking/RandomStrings.h"
+#include "smart/masking/SeedPhrases.h"
+#include "smart/masking/TableColumns.h"
 #include "smart/masking/TokenForms.h"
 #include "smart/masking/UrlCredentials.h"
+#include "smart/masking/WifiStrings.h"
 
 namespace quorvel {
 
@@ -16,6 +21,8 @@ namespace {
 
 constexpr qsizetype leastCardLength = 2;
 constexpr qsizetype leastRunWord = 8;
+constexpr int leastLoneGroups = 6;
+constexpr int leastLabelledGroups = 4;
 constexpr char16_t firstPlainLabel = 0x0530;
 
 /// 123456789:AAE... of a chat bot; `start` is at the digits.
@@ -37,6 +44,8 @@ QList<SecretRange> SecretScanner::scan() {
     const qsizetype size = m_text.size();
     if (const auto password = lonePassword(m_text))
         return {*password};
+    if (const auto words = loneSeedWords(m_text))
+        return {*words};
     while (m_next < size) {
         const qsizetype at = m_next;
         const quint8 bits = bitsOf(m_text[at]);
@@ -93,12 +102,40 @@ void SecretScanner::readWord(qsizetype start, qsizetype end) {
         readRun(start);
     if (m_next > end)
         return;
+    readForms(start, end);
     if (mayEndLabel(m_text, start, end))
         readLabel(end);
     if (m_text[end - 1].unicode() >= firstPlainLabel || first.unicode() >= firstPlainLabel)
         readPlainLabels(start, end);
-    if (end - start <= 12 && start >= m_commandEnd && hasBit(first, lowerBit | digitBit))
+    if (end - start <= 14 && start >= m_commandEnd && hasBit(first, lowerBit | digitBit))
         readCommand(start, end);
+}
+
+void SecretScanner::readForms(qsizetype start, qsizetype end) {
+    const QChar first = m_text[start];
+    const QChar after = unitAt(m_text, end);
+    if (after == u':' && m_text.mid(start, end - start) == u"WIFI") {
+        if (const auto password = wifiPasswordAt(m_text, end))
+            hide(*password);
+    } else if (after == u':' && first == u'b' && m_text.mid(start, 3) == u"bot" &&
+               hasBit(unitAt(m_text, start + 3), digitBit)) {
+        if (const auto token = botTokenAt(m_text, start + 3, end))
+            hide(*token);
+    } else if (after == u'(' || after == u'=' || after == u':' || after == u' ') {
+        readCall(start, end);
+    }
+}
+
+void SecretScanner::readCall(qsizetype start, qsizetype end) {
+    constexpr qsizetype group = 4;
+    if (end - start == group && start >= m_groupsEnd && unitAt(m_text, end) == u' ') {
+        const GroupReading key = groupedKeyAt(m_text, start, leastLoneGroups);
+        m_groupsEnd = key.end;
+        if (key.hidden)
+            return hide(*key.hidden);
+    }
+    if (const auto password = callSecretAt(m_text, start, end))
+        hide(*password);
 }
 
 void SecretScanner::readDigits(qsizetype start, qsizetype end) {
@@ -157,14 +194,45 @@ void SecretScanner::readLabel(qsizetype end) {
             hide(*lines);
         return;
     }
-    readValue(*label);
+    if (!readListOrColumn(*label))
+        readValue(*label);
+}
+
+/// Labels of whole lists: recovery codes, words of a wallet, columns of a table.
+bool SecretScanner::readListOrColumn(const Label& label) {
+    if (label.start >= m_tableEnd && mayHeadColumn(m_text, label)) {
+        const TableReading column = columnBelow(m_text, label);
+        m_tableEnd = qMax(m_tableEnd, column.end);
+        m_found.append(column.hidden);
+        if (!column.hidden.isEmpty())
+            return true;
+    }
+    const bool isList = label.kind == LabelKind::codes || label.kind == LabelKind::phrase ||
+                        label.kind == LabelKind::seed;
+    const bool isKey = label.kind == LabelKind::secret || label.kind == LabelKind::networkKey;
+    if (!isList && !isKey && label.kind != LabelKind::code)
+        return false;
+    const auto gap = gapAfter(m_text, label);
+    std::optional<SecretRange> range;
+    const bool isFarSeed = gap && gap->isFar && label.kind == LabelKind::seed;
+    if (gap && isList && gap->separator != Separator::blank && !isFarSeed)
+        range = label.kind == LabelKind::codes ? codeListAt(m_text, gap->end)
+                                               : seedWordsAt(m_text, gap->end);
+    else if (gap && isKey)
+        range = groupedKeyAt(m_text, afterBlanks(m_text, gap->end), leastLabelledGroups).hidden;
+    else if (label.kind == LabelKind::code)
+        range = codeBefore(m_text, label);
+    if (range)
+        hide(*range);
+    return range.has_value() || label.kind == LabelKind::seed;
 }
 
 void SecretScanner::readPlainLabels(qsizetype start, qsizetype end) {
     for (qsizetype at = start; at < end && m_next <= end; ++at)
         if (m_text[at].unicode() >= firstPlainLabel)
             if (const auto label = labelStartingAt(m_text, at))
-                readValue(*label);
+                if (!readListOrColumn(*label))
+                    readValue(*label);
 }
 
 void SecretScanner::readValue(const Label& label) {

@@ -26,6 +26,9 @@ private:
     void readPlainLabels(qsizetype start, qsizetype end);
     void readCommand(qsizetype start, qsizetype end);
     void readRun(qsizetype start);
+    void readForms(qsizetype start, qsizetype end);
+    bool readListOrColumn(const Label& label);
+    void readCall(qsizetype start, qsizetype end);
     void hide(SecretRange range);
 
     QStringView m_text;
@@ -40,6 +43,8 @@ private:
     qsizetype m_runChecked = 0;
     qsizetype m_urlEnd = 0;
     qsizetype m_commandEnd = 0;
+    qsizetype m_tableEnd = 0;
+    qsizetype m_groupsEnd = 0;
 };
 
 } // namespace quorvel

@@ -10,15 +10,20 @@ namespace quorvel {
 /// end are kept, with a line of "…" between, so the cost of a title does not grow with the clip.
 class ShownTexts {
 public:
-    /// A clip's text never changes, so its identifier stands for it.
     QString shown(const QUuid& id, const QString& text) const;
+
+    /// The same for a text that is nobody's clip.
+    static QString worked(const QString& text);
 
     static constexpr qsizetype headUnits = 3072;
     static constexpr qsizetype tailUnits = 1024;
 
 private:
-    /// An empty text stands for "nothing to hide", which nearly all clips are.
-    mutable QHash<QUuid, QString> m_masked;
+    struct Known {
+        size_t fingerprint; ///< Of the text that was looked at: a snippet's may change.
+        QString masked;     ///< Empty for "nothing to hide", which nearly all clips are.
+    };
+    mutable QHash<QUuid, Known> m_known;
 };
 
 } // namespace quorvel

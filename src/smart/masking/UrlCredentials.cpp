@@ -1,6 +1,7 @@
 #include "smart/masking/UrlCredentials.h"
 
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/PlaceholderWords.h"
 #include "smart/masking/RunShape.h"
 #include "smart/masking/TokenForms.h"
 
@@ -16,9 +17,9 @@ bool endsAuthority(QChar unit) {
 }
 
 bool isTemplate(QStringView password) {
-    return password.startsWith(u'$') || password.startsWith(u'{') || password.startsWith(u'<') ||
-           password.contains(u'[') || password.contains(u']') || password.startsWith(u'%') ||
-           password.contains(u"***") || password.contains(u'{') ||
+    return isPlaceholderWord(password) || password.startsWith(u'$') || password.startsWith(u'{') ||
+           password.startsWith(u'<') || password.contains(u'[') || password.contains(u']') ||
+           password.startsWith(u'%') || password.contains(u"***") || password.contains(u'{') ||
            password.startsWith(u"xxx", Qt::CaseInsensitive) ||
            password.startsWith(u"your", Qt::CaseInsensitive) || password.contains(u'\u2022') ||
            password.contains(u"...") || password.contains(u'(');

@@ -87,7 +87,11 @@ bool isFiller(const Candidate& candidate) {
         folded.contains(u"${") || folded.contains(u"{{") || folded.contains(u"$(") ||
         folded.contains(u"<%") || folded.contains(u"xxxx") || folded.contains(u"****") ||
         folded.contains(u"\u2022\u2022") || folded.endsWith(u"_here") ||
-        folded.endsWith(u"-here") || folded.endsWith(u"...") || folded.endsWith(u'\u2026');
+        folded.endsWith(u"-here") || folded.startsWith(u".*") || folded.contains(u"%s") ||
+        folded.contains(u"[:") || folded.contains(u"anonymous") || folded.startsWith(u"&#") ||
+        folded.startsWith(u"&lt;") || folded.startsWith(u"\\u20") || folded.startsWith(u"$!") ||
+        folded.endsWith(u"n't") || folded.startsWith(u"qr/") || folded.contains(u"password=") ||
+        folded.endsWith(u"...") || folded.endsWith(u'\u2026');
     return isTemplate || (folded.contains(u'<') && folded.endsWith(u'>'));
 }
 
@@ -113,6 +117,7 @@ bool isExpression(const Candidate& candidate) {
 }
 
 bool isNameOfVariable(const Candidate& candidate) {
+    constexpr int mostChanges = 7;
     const QStringView value = candidate.written;
     if (!isOnlyOf(value, wordBit, u"-."))
         return false;
@@ -121,7 +126,9 @@ bool isNameOfVariable(const Candidate& candidate) {
         candidate.shape.lower > 0 && candidate.shape.upper > 0 && !value.mid(1).isEmpty() &&
         std::ranges::any_of(value.mid(1), [](QChar unit) { return unit.isUpper(); });
     const bool isConstant = candidate.shape.lower == 0 && candidate.shape.upper > 2 &&
-                            (isCompound || candidate.shape.digits == 0);
+                            (isCompound || candidate.shape.digits == 0) &&
+                            candidate.shape.digits * 3 < candidate.shape.size &&
+                            candidate.shape.changes < mostChanges;
     if (isConstant)
         return true;
     const bool isKey = value.endsWith(u"key", Qt::CaseInsensitive);

@@ -15,7 +15,10 @@ struct Candidate {
     RunShape shape;
 
     QChar after() const;
-    bool isAssigned() const {
+    bool isAssigned() const { return !value.isFar && isSeparated(); }
+
+    /// The same with other words before the separator.
+    bool isSeparated() const {
         return value.separator == Separator::colon || value.separator == Separator::equals ||
                value.separator == Separator::tag;
     }

@@ -1,4 +1,6 @@
 #include "smart/masking/CharacterBits.h"
+#include "smart/masking/CodeRules.h"
+#include "smart/masking/KeyRules.h"
 #include "smart/masking/LabelledValues.h"
 #include "smart/masking/ValueCandidate.h"
 
@@ -37,7 +39,9 @@ bool isAssignedWord(const Candidate& candidate) {
         return false;
     if (isInConnection(candidate))
         return true;
-    if (endsStatement(candidate))
+    const QChar before = unitAt(candidate.text, candidate.label.start - 1);
+    const bool isQuotedPair = (before == u'"' || before == u'\'') && candidate.after() == before;
+    if (endsStatement(candidate) || isQuotedPair)
         return false;
     if (candidate.value.separator == Separator::equals)
         return !hasHump && (candidate.value.isTight || isAtLineStart(candidate));
@@ -57,21 +61,42 @@ bool isWordAsPassword(const Candidate& candidate) {
     return isExplicit ? candidate.shape.size >= 3 : isAssignedWord(candidate);
 }
 
-bool isWordAsKey(const Candidate& candidate) {
-    if (candidate.shape.upperRuns >= 3 && candidate.shape.size >= 12 &&
-        candidate.shape.randomness() >= 0)
-        return true;
-    const LabelledValue& value = candidate.value;
-    const bool isExplicit = candidate.label.style == LabelStyle::constant ||
-                            value.separator == Separator::tag ||
-                            (value.isQuoted && candidate.shape.size >= 10);
-    return isExplicit && candidate.shape.size >= 6 &&
-           candidate.shape.upper * 2 <= candidate.shape.size;
+/// "passwords2.txt"
+bool isFileName(QStringView value) {
+    constexpr qsizetype mostSuffix = 5;
+    const qsizetype dot = value.lastIndexOf(u'.');
+    return dot > 0 && value.size() - dot - 1 <= mostSuffix && value.size() - dot > 2 &&
+           std::ranges::all_of(value.mid(dot + 1),
+                               [](QChar unit) { return hasBit(unit, lowerBit); });
+}
+
+/// "x509_name_of_function"
+bool isSnake(const Candidate& candidate) {
+    constexpr int leastJoints = 2;
+    return candidate.written.count(u'_') >= leastJoints && candidate.shape.longestLower >= 3 &&
+           candidate.shape.symbols == candidate.written.count(u'_');
+}
+
+/// "Pass the flag to x86init", "the tests pass on arm64".
+bool isVerbPass(const Candidate& candidate) {
+    const Label& label = candidate.label;
+    const QStringView name = candidate.text.mid(label.start, label.end - label.start);
+    if (name.compare(u"pass", Qt::CaseInsensitive) != 0)
+        return false;
+    const qsizetype next = afterBlanks(candidate.text, label.end);
+    const bool isVerb = candidate.value.separator == Separator::verb &&
+                        candidate.text.mid(next, 3).compare(u"is ", Qt::CaseInsensitive) != 0;
+    const bool isOrder = candidate.value.separator == Separator::blank && name == u"Pass";
+    return isVerb || isOrder || candidate.written.contains(u'_');
 }
 
 /// Without punctuation between label and value only what is clearly no word counts.
 bool isStriking(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
+    if (candidate.value.isFar && isFileName(candidate.written))
+        return false;
+    if (isSnake(candidate) || candidate.written.startsWith(u'-') || isVerbPass(candidate))
+        return false;
     // A sentence may end with a question or a call.
     QStringView inner = candidate.written;
     while (inner.endsWith(u'?') || inner.endsWith(u'!'))
@@ -99,16 +124,58 @@ bool isLoudWord(const Candidate& candidate) {
            !candidate.text.mid(label.start, label.end - label.start).contains(u'_');
 }
 
+/// Digits alone, where a label of a password says that they are meant.
+bool isNumberAsPassword(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const QStringView written = candidate.written;
+    const bool isGrouped = written.size() == 8 && written[2] == u'-' && written[5] == u'-';
+    const bool isMarked = shape.symbols == 1 && (written.endsWith(u'#') || written.endsWith(u'*'));
+    const bool isNumber =
+        shape.letters() == 0 && shape.digits >= 4 && (shape.symbols == 0 || isGrouped || isMarked);
+    const bool isAtEnd = candidate.label.style == LabelStyle::plain || !readsOn(candidate);
+    const bool isLong = shape.digits >= 6 && candidate.value.separator == Separator::blank;
+    return isNumber && isAtEnd && (candidate.value.separator == Separator::verb || isLong);
+}
+
+/// "password for the safe: 81-44-27".
+bool isFarNumber(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    const QStringView written = candidate.written;
+    const bool isGrouped = written.size() == 8 && written[2] == u'-' && written[5] == u'-';
+    return shape.letters() == 0 && shape.digits >= 4 && (shape.symbols == 0 || isGrouped) &&
+           !readsOn(candidate);
+}
+
+/// More than a word with a number: what follows in the sentence does not matter.
+bool isStrong(const Candidate& candidate) {
+    const RunShape& shape = candidate.shape;
+    if (candidate.value.separator != Separator::verb || shape.digits == 0)
+        return false;
+    const bool isMixed = shape.upper > 0 && shape.lower > 0;
+    // "8-character", "SHA256-hashed".
+    const bool isMeasure = hasBit(candidate.written.front(), digitBit) && shape.symbols == 1 &&
+                           candidate.written.contains(u'-') && shape.changes <= 1;
+    return (isMixed || shape.symbols > 0 || shape.size >= 8) && !isMeasure && shape.changes > 0;
+}
+
 bool isPassword(const Candidate& candidate) {
     const RunShape& shape = candidate.shape;
     if (shape.letters() + shape.digits == 0 || isNameOfVariable(candidate))
         return false;
     const Separator separator = candidate.value.separator;
     const bool isOption = candidate.label.style == LabelStyle::option;
-    if (!candidate.isAssigned() && !isOption)
-        return isStriking(candidate) && standsApart(candidate) &&
+    if (separator == Separator::comma)
+        return isArgument(candidate);
+    if (isNumberAsPassword(candidate))
+        return true;
+    const bool isFarAssigned = candidate.isSeparated() && candidate.value.isFar;
+    if (isFarAssigned && isFarNumber(candidate))
+        return true;
+    if ((!candidate.isAssigned() && !isOption) || isFarAssigned)
+        return isStriking(candidate) && (isStrong(candidate) || standsApart(candidate)) &&
                (separator != Separator::blank || candidate.value.isQuoted ||
-                candidate.label.style == LabelStyle::word || isLoudWord(candidate));
+                candidate.label.style == LabelStyle::word ||
+                candidate.label.style == LabelStyle::plain || isLoudWord(candidate));
     const bool isWord = shape.digits == 0 && shape.symbols == 0;
     if (isWord)
         return !readsOn(candidate) && isWordAsPassword(candidate);
@@ -122,50 +189,6 @@ bool isPassword(const Candidate& candidate) {
     return shape.size >= (candidate.value.isQuoted ? 3 : 4);
 }
 
-bool isKey(const Candidate& candidate) {
-    const RunShape& shape = candidate.shape;
-    if (candidate.written.contains(u' ') || shape.size < 6 || isNameOfVariable(candidate))
-        return false;
-    const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option ||
-                            candidate.value.separator == Separator::lineEnd ||
-                            candidate.value.separator == Separator::tab;
-    if (shape.digits == 0 && shape.symbols == 0)
-        return candidate.isAssigned() && isWordAsKey(candidate);
-    if (shape.digits == 0)
-        return candidate.isAssigned() && candidate.label.style == LabelStyle::constant &&
-               shape.size >= 8;
-    return shape.letters() > 0 && (isAssigned || (shape.size >= 12 && shape.changeRate() >= 20));
-}
-
-bool isToken(const Candidate& candidate) {
-    const RunShape& shape = candidate.shape;
-    const bool isRandomWord = shape.upperRuns >= 3 && shape.size >= 16 && shape.randomness() >= 12;
-    if (shape.size < 8 || (shape.digits == 0 && !isRandomWord) || shape.letters() == 0 ||
-        candidate.written.contains(u' ') || isNameOfVariable(candidate))
-        return false;
-    const bool isAssigned = candidate.isAssigned() || candidate.label.style == LabelStyle::option;
-    return isAssigned ? shape.digits >= 2 || shape.size >= 16
-                      : shape.size >= 16 && shape.digits >= 3 && looksGenerated(shape);
-}
-
-/// Postal codes are called "PIN" in India; in addresses they follow words on the same line.
-bool isPostalCode(const Candidate& candidate) {
-    const qsizetype start = candidate.label.start;
-    const QStringView before = candidate.text.left(start).right(24).trimmed();
-    const bool isCode = candidate.text.mid(start, 8).contains(u"cod", Qt::CaseInsensitive);
-    return candidate.shape.size == 6 && (isCode || before.endsWith(u',') || before.endsWith(u'-'));
-}
-
-bool isPin(const Candidate& candidate) {
-    const RunShape& shape = candidate.shape;
-    const bool isLoud = candidate.text[candidate.label.end - 1].isUpper();
-    const bool isSeparated = candidate.value.separator != Separator::blank || isLoud;
-    const bool isSecurityCode =
-        candidate.text.mid(candidate.label.start, 2).startsWith(u"cv", Qt::CaseInsensitive);
-    return shape.size == shape.digits && shape.size >= (isSecurityCode ? 3 : 4) &&
-           shape.size <= 10 && isSeparated && !isPostalCode(candidate);
-}
-
 bool isPhrase(const Candidate& candidate) {
     if (!candidate.isAssigned() && candidate.value.separator != Separator::lineEnd)
         return isPassword(candidate);
@@ -173,7 +196,8 @@ bool isPhrase(const Candidate& candidate) {
     if (hasWords)
         return !isSentence(candidate);
     const bool isName =
-        candidate.text.mid(candidate.label.start, 4).compare(u"pass", Qt::CaseInsensitive) != 0;
+        !candidate.text.mid(candidate.label.start, candidate.label.end - candidate.label.start)
+             .contains(u"pass", Qt::CaseInsensitive);
     return (candidate.hasDigit() || !isName) && isPassword(candidate);
 }
 
@@ -181,7 +205,9 @@ bool isPhrase(const Candidate& candidate) {
 bool isWorthReading(QStringView text, const Label& label, const LabelledValue& value) {
     if (value.separator != Separator::blank && value.separator != Separator::verb)
         return true;
-    return value.isQuoted || label.style == LabelStyle::option ||
+    if (text.mid(label.start, 10).compare(u"identified", Qt::CaseInsensitive) == 0)
+        return value.isQuoted;
+    return value.isQuoted || label.style == LabelStyle::option || label.kind == LabelKind::answer ||
            !std::ranges::all_of(value.in(text), isLetter);
 }
 
@@ -206,8 +232,18 @@ bool isOfKind(const Candidate& candidate) {
         return isToken(candidate);
     case LabelKind::pin:
         return isPin(candidate);
+    case LabelKind::code:
+        return isOpeningCode(candidate);
     case LabelKind::phrase:
         return isPhrase(candidate);
+    case LabelKind::answer:
+        return isSecretAnswer(candidate);
+    case LabelKind::pair:
+        return isPassword(candidate);
+    case LabelKind::codes:
+        return isKey(candidate);
+    case LabelKind::networkKey:
+        return isNetworkKey(candidate);
     default:
         return false;
     }

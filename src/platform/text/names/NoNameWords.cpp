@@ -1,12 +1,14 @@
 #include "platform/text/names/NoNameWords.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace quorvel {
 
 namespace {
 
-/// A blank around each word, so that one look finds one.
+/// Words with blanks between them.
 constexpr std::array lists{
     // function words
     QStringView(
@@ -78,6 +80,33 @@ constexpr std::array lists{
                 u" guten gute bonne bon nuit matin tag nacht abend morgen navidad natale pasqua"
                 u" доброе утро добрыи день новыи год спасибо с днем рождения καλημερα καλη cola"
                 u" pepsi reuters sachs benz bmw audi toyota nike adidas gucci prada chanel "),
+    // words of other languages in names of dishes, books, shops, clubs and kinds
+    QStringView(u" dolce petit petite grande leche gallo dias noches tardes leben vino gelato"
+                u" kaffee bier brot wurst kuchen suppe allee strase ufer brucke bahnhof flughafen"
+                u" era dynasty empire tech lymphoma carcinoma onlain online такси доставка"
+                u" онлаин магазин ресторан гостиница вокзал аэропорт станция канал проект"
+                u" atletico deportivo sporting calcio dinamo lokomotiv prix tour trophy open"
+                u" shepherd retriever terrier spaniel poodle hound simulation elimination"
+                u" machine hypothesis lemma polynomial matrix algorithm protocol model manifold"
+                u" particle boson compiler framework notebook browser keyboard printer camera "),
+    QStringView(u" sauvage blanc noir rouge vert bleu negro verde rosso nero bianco vita amore"
+                u" mundial mundo monde welt zeitung zeit mir journal diario corriere gazette"
+                u" whiskey whisky vodka rum cocktail perfume parfum jeans shoes sneakers watch"
+                u" outlet boutique salon barber bakery garage grill diner pub brewery winery"
+                u" residence residences apartments suites resort spa villas mall arena stadium"
+                u" stadion estadio stade dvorets vokzal prospekt ulica ulitsa calea strada corso"
+                u" viale piazzale quai square passage impasse chemin gasse weg markt hof"
+                u" jalan lorong soi thanon cadde sokak mahalle nagar marg chowk ghat kovil "),
+    // wishes, folders and headings of other languages
+    QStringView(u" mutlu yillar yil gunaydin geceler iyi aksamlar tesekkurler xin moi nuovo nuova"
+                u" nowy nowa nowe novy novi dobry dobra dobre dobar dobro dobranoc laku noc sretan"
+                u" srecan vesele wesolych szczesliwego bun buna noapte multi ani craciun boldog"
+                u" karacsonyt napot estet hyvaa joulua paivaa god gott nytt jul glaedelig goede"
+                u" nieuwe neue neuer neues boas bons festas nova novo pasta carpeta dossier"
+                u" cartella ordner mappe dokument dokumenty document documento documents"
+                u" selamat pagi siang malam tahun baru terima kasih salam alaikum honesta"
+                u" честит честита година нова ново новая новии опера роман фильм песня добър"
+                u" ден доброго ранку дякую срећна σπιτι νεο ετοσ χρονια πολλα "),
     // the calendar
     QStringView(u" monday tuesday wednesday thursday friday saturday sunday january february march"
                 u" april june july august september october november december spring summer"
@@ -89,20 +118,21 @@ constexpr std::array lists{
                 u" четверг пятница суббота воскресенье "),
 };
 
-bool contains(QStringView list, QStringView word) {
-    for (qsizetype at = list.indexOf(word); at > 0; at = list.indexOf(word, at + 1))
-        if (list[at - 1] == u' ' && list[at + word.size()] == u' ')
-            return true;
-    return false;
+/// All words in order, so that a few comparisons find one; the views are small.
+std::vector<QStringView> sortedWords() {
+    std::vector<QStringView> all;
+    for (const QStringView list : lists)
+        for (const QStringView word : list.tokenize(u' ', Qt::SkipEmptyParts))
+            all.push_back(word);
+    std::sort(all.begin(), all.end());
+    return all;
 }
 
 } // namespace
 
 bool isNoNameWord(QStringView word) {
-    for (const QStringView list : lists)
-        if (contains(list, word))
-            return true;
-    return false;
+    static const std::vector<QStringView> all = sortedWords();
+    return std::binary_search(all.begin(), all.end(), word);
 }
 
 } // namespace quorvel
