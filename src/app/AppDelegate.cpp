@@ -220,6 +220,7 @@ void AppDelegate::wireControl() {
                                       .pasteEngine = m_pasteEngine,
                                       .hotKeys = m_hotKeys,
                                       .menu = m_menu,
+                                      .content = menuContent(),
                                       .quit = [this] { emit quitRequested(); },
                                   });
 }

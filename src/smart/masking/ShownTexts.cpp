@@ -30,14 +30,21 @@ size_t fingerprint(const QString& text) {
 } // namespace
 
 QString ShownTexts::shown(const QUuid& id, const QString& text) const {
-    const size_t print = fingerprint(text);
+    return remembered(id, text, 0);
+}
+
+QString ShownTexts::shownNow(const QUuid& id, const QString& text) const {
+    return remembered(id, text, fingerprint(text));
+}
+
+QString ShownTexts::remembered(const QUuid& id, const QString& text, size_t fingerprint) const {
     const auto known = m_known.constFind(id);
-    if (known != m_known.constEnd() && known->fingerprint == print)
+    if (known != m_known.constEnd() && known->fingerprint == fingerprint)
         return known->masked.isEmpty() ? text : known->masked;
     const QString masked = worked(text);
     if (m_known.size() >= mostRemembered)
         m_known.clear();
-    m_known.insert(id, {print, masked == text ? QString() : masked});
+    m_known.insert(id, {fingerprint, masked == text ? QString() : masked});
     return masked;
 }
 
