@@ -34,7 +34,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               desktop, textServices}) {}
+               desktop, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -52,6 +52,7 @@ struct Program {
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
     FakeDesktop desktop;
+    FakeAppearance appearance;
     FakeTextServices textServices;
     AppDelegate delegate;
 };

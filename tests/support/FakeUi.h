@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "platform/Appearance.h"
 #include "platform/Desktop.h"
 #include "platform/TrayIcon.h"
 
@@ -53,11 +54,20 @@ private:
 class FakeStatusItem final : public TrayIcon {
 public:
     void show(const QString& toolTip) override { shownToolTip = toolTip; }
+    void setIcon(const QString& name) override { icon = name; }
     QString state() const override { return QStringLiteral("xembed"); }
     void notify(const QString& title, const QString&) override { notifications.append(title); }
 
     QString shownToolTip;
+    QString icon;
     QStringList notifications;
+};
+
+class FakeAppearance final : public Appearance {
+public:
+    void apply(AppThemePreset theme) override { applied = theme; }
+
+    AppThemePreset applied = AppThemePreset::system;
 };
 
 class FakeDesktop final : public Desktop {

@@ -1,6 +1,6 @@
 #include "CoreRig.h"
 
-#include "search/SearchTexts.h"
+#include "menu/search/SearchTexts.h"
 
 #include <gtest/gtest.h>
 
