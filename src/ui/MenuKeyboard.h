@@ -19,7 +19,8 @@ Modifiers modifierOf(int key);
 /// too, and a held one repeats and must not count as pressed again.
 class MenuKeyboard {
 public:
-    using Find = std::function<std::optional<MenuItem>(const std::function<bool(const MenuItem&)>&)>;
+    using Find =
+        std::function<std::optional<MenuItem>(const std::function<bool(const MenuItem&)>&)>;
 
     enum class Meaning { nothing, alreadyMeant, closes, chooses };
     struct Press {

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quorvel {
+
+class PopoverList;
+
+/// Makes lists of the popover known to assistive programs as menus of menu items. Once is enough.
+void makeListsAccessible();
+
+/// Tells them that the highlight has moved.
+void announceHighlight(PopoverList& list);
+
+} // namespace quorvel
