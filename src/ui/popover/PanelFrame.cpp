@@ -14,8 +14,9 @@ namespace quorvel {
 
 namespace {
 
-constexpr int shadowDrop = 5;
-constexpr int corner = PopoverMetrics::shadow + PopoverMetrics::rounding + 4;
+constexpr int shadowDrop = 6;                                    ///< It falls downwards.
+constexpr int shadowReach = PopoverMetrics::shadow - shadowDrop; ///< To each side.
+constexpr int corner = shadowReach + PopoverMetrics::rounding + 4;
 
 template <typename Reply>
 using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
@@ -40,7 +41,7 @@ bool hasCompositor(xcb_connection_t* connection) {
 /// Many faint layers, each a little smaller, make a soft edge.
 QPixmap shadowOfSmallestPanel(qreal scale, bool isDark) {
     constexpr int side = 2 * corner + 1;
-    constexpr int layers = PopoverMetrics::shadow;
+    constexpr int layers = shadowReach;
     QPixmap pixmap(QSize(side, side) * scale);
     pixmap.setDevicePixelRatio(scale);
     pixmap.fill(Qt::transparent);
@@ -49,7 +50,7 @@ QPixmap shadowOfSmallestPanel(qreal scale, bool isDark) {
     painter.setPen(Qt::NoPen);
     for (int layer = 0; layer < layers; ++layer) {
         const qreal depth = qreal(layer) / layers;
-        painter.setBrush(QColor(0, 0, 0, qRound((isDark ? 17 : 9) * depth * depth) + 1));
+        painter.setBrush(QColor(0, 0, 0, qRound(1 + (isDark ? 14 : 6) * depth * depth)));
         const qreal rounding = PopoverMetrics::rounding + layers - layer;
         painter.drawRoundedRect(QRectF(layer, layer, side - 2 * layer, side - 2 * layer), rounding,
                                 rounding);
@@ -95,7 +96,8 @@ void PanelFrame::paintShadow(QPainter& painter, const QRect& panel, const Popove
     if (m_shadowScale != scale)
         m_shadow = shadowOfSmallestPanel(scale, colors.isDark);
     m_shadowScale = scale;
-    const QRect whole = panel.marginsAdded(margins()).translated(0, shadowDrop);
+    const QRect whole = panel.adjusted(-shadowReach, -shadowReach, shadowReach, shadowReach)
+                            .translated(0, shadowDrop);
     const std::array from{0, corner, corner + 1, 2 * corner + 1};
     const std::array x{0, corner, whole.width() - corner, whole.width()};
     const std::array y{0, corner, whole.height() - corner, whole.height()};

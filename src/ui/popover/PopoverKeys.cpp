@@ -15,7 +15,8 @@ bool PopoverKeys::press(QKeyEvent& press) {
     const bool isMirrored = QGuiApplication::isRightToLeft();
     switch (press.key()) {
     case Qt::Key_Down:
-        moveTo(rows.next(list.highlighted(), 1));
+        moveTo(list.highlighted() == PopoverRows::none ? rows.first()
+                                                       : rows.next(list.highlighted(), 1));
         break;
     case Qt::Key_Up:
         moveTo(list.highlighted() == PopoverRows::none ? rows.last()

@@ -1,5 +1,6 @@
 #include "ui/popover/PopoverList.h"
 
+#include "menu/KeyNames.h"
 #include "ui/popover/PopoverAccessible.h"
 
 #include <QPaintEvent>
@@ -14,6 +15,8 @@ constexpr int barWidth = 5;
 constexpr int wideBarWidth = 8;
 constexpr int barReach = 13; ///< What belongs to the scroll bar at the end of the rows.
 constexpr int leastBarLength = 30;
+constexpr qsizetype mostMeasuredUnits = 100;
+constexpr int mostMeasuredRows = 60;
 
 } // namespace
 
@@ -64,6 +67,23 @@ int PopoverList::rowOf(const Mark& mark) const {
 void PopoverList::layOutRows(int width) {
     m_laidOutWidth = width;
     m_rows.layOut(m_metrics, width - 2 * (PopoverMetrics::edge + PopoverMetrics::padding));
+}
+
+int PopoverList::wantedWidth() const {
+    const QFontMetrics titles(m_metrics.title);
+    int widest = 0;
+    for (int row = 0; row < std::min(m_rows.count(), mostMeasuredRows); ++row) {
+        const MenuItem& item = m_rows.item(row);
+        const QString keys = keyEquivalentText(item.keyEquivalent, m_context.strings);
+        const int end =
+            item.hasSubmenu() || item.isPinned ? PopoverMetrics::markSize + PopoverMetrics::gap : 0;
+        int asked = titles.horizontalAdvance(item.title.left(mostMeasuredUnits)) + end;
+        if (!keys.isEmpty())
+            asked += titles.horizontalAdvance(keys) + PopoverMetrics::gap;
+        widest = std::max(widest, asked);
+    }
+    return widest + iconColumn() +
+           2 * (PopoverMetrics::edge + PopoverMetrics::padding + PopoverMetrics::gap);
 }
 
 int PopoverList::wantedHeight(int width) {

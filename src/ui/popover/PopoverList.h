@@ -27,6 +27,9 @@ public:
     const PopoverRows& rows() const { return m_rows; }
     const PopoverMetrics& metrics() const { return m_metrics; }
 
+    /// The width in which no row is cut, as far as it is worth to look.
+    int wantedWidth() const;
+
     /// The height that shows every row without scrolling, in this width.
     int wantedHeight(int width);
 

@@ -1,7 +1,5 @@
 #include "ui/popover/PopoverPanel.h"
 
-#include "ui/MenuText.h"
-
 #include <QAction>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -100,14 +98,11 @@ QSize PopoverPanel::wantedSize() {
             std::min(head() + m_list->wantedHeight(width - 2) + 3, PopoverMetrics::mostHeight)};
 }
 
-/// As wide as its titles ask for; while it is shown, it never gets narrower.
+/// As wide as its rows ask for; while it is shown, it never gets narrower.
 int PopoverPanel::submenuWidth() {
-    const int besideTitle = 3 * PopoverMetrics::padding + PopoverMetrics::picture.width();
-    const int asked = measuredMenuWidth(m_list->rows().items(), QFontMetrics(m_list->font()),
-                                        PopoverMetrics::mostSubmenuWidth) +
-                      besideTitle;
-    m_widest = std::max(m_widest, std::clamp(asked, PopoverMetrics::leastSubmenuWidth,
-                                             PopoverMetrics::mostSubmenuWidth));
+    m_widest =
+        std::max(m_widest, std::clamp(m_list->wantedWidth() + 2, PopoverMetrics::leastSubmenuWidth,
+                                      PopoverMetrics::mostSubmenuWidth));
     return m_widest;
 }
 

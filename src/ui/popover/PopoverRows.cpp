@@ -25,13 +25,16 @@ void PopoverRows::set(const QList<MenuItem>& items) {
     m_items = items;
     m_rows.clear();
     m_sections.clear();
+    m_start = 0;
     m_hasIcons = m_hasPictures = false;
     qsizetype separator = -1;
     bool startsSection = true;
     for (qsizetype index = 0; index < m_items.size(); ++index) {
         const MenuItem& item = std::as_const(m_items)[index];
-        if (item.kind == MenuItemKind::searchField)
+        if (item.kind == MenuItemKind::searchField) {
+            m_start = count();
             continue;
+        }
         if (item.kind == MenuItemKind::separator) {
             separator = index;
             continue;
@@ -138,7 +141,8 @@ int PopoverRows::nextSection(int from, int step) const {
     const int sections = int(m_sections.size());
     if (sections == 0)
         return none;
-    const auto after = std::upper_bound(m_sections.begin(), m_sections.end(), from);
+    const int start = from == none ? m_start - 1 : from;
+    const auto after = std::upper_bound(m_sections.begin(), m_sections.end(), start);
     const int section = int(after - m_sections.begin()) - 1; // -1 before the first one.
     if (section < 0)
         return step > 0 ? m_sections.front() : m_sections.back();

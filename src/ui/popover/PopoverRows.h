@@ -44,7 +44,9 @@ public:
     /// The next selectable row after `from` in the direction of `step` (1 or -1), around the ends;
     /// none when there is none at all.
     int next(int from, int step) const;
-    int first() const { return next(none, 1); }
+
+    /// Below the search field, if there is one: what stands above it is no result.
+    int first() const { return next(m_start - 1, 1); }
     int last() const { return next(count(), -1); }
 
     /// The selectable row that is nearest to this place.
@@ -71,6 +73,7 @@ private:
     QList<MenuItem> m_items;
     std::vector<Row> m_rows;
     std::vector<int> m_sections; ///< The first selectable row of each.
+    int m_start = 0;             ///< The first row below the search field.
     int m_height = 0;
     bool m_hasIcons = false;
     bool m_hasPictures = false;
