@@ -148,4 +148,11 @@ void announceHighlight(PopoverList& list) {
     QAccessible::updateAccessibility(&focus);
 }
 
+void announceRows(PopoverList& list) {
+    if (!QAccessible::isActive() || !list.isVisible())
+        return;
+    QAccessibleEvent reordered(&list, QAccessible::ObjectReorder);
+    QAccessible::updateAccessibility(&reordered);
+}
+
 } // namespace quorvel

@@ -10,4 +10,7 @@ void makeListsAccessible();
 /// Tells them that the highlight has moved.
 void announceHighlight(PopoverList& list);
 
+/// Tells them that other rows stand there.
+void announceRows(PopoverList& list);
+
 } // namespace quorvel

@@ -45,6 +45,7 @@ void PopoverList::setItems(const QList<MenuItem>& items) {
         m_offset = m_rows.top(row) - place;
     setOffset(m_offset);
     update();
+    announceRows(*this);
     if (m_highlighted != highlighted.row)
         emit highlightChanged(m_highlighted);
 }

@@ -54,7 +54,8 @@ void PopoverMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     const QPoint pointer = QCursor::pos();
     m_pointer.begin(pointer);
     m_stack.open(tree, pointer);
-    secureGrab();
+    if (isOpen())
+        secureGrab();
 }
 
 /// Another kind of display may have led to another panel.
@@ -140,7 +141,8 @@ void PopoverMenu::stackHidden() {
     if (!isOpen())
         return;
     m_phase = Phase::ending;
-    m_grab->stop();
+    if (m_grab)
+        m_grab->stop();
     m_pointer.end();
     m_tip.hide();
     QMetaObject::invokeMethod(this, &PopoverMenu::finish, Qt::QueuedConnection);

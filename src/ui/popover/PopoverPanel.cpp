@@ -72,6 +72,11 @@ void PopoverPanel::setItems(const QList<MenuItem>& items) {
     layOut();
 }
 
+void PopoverPanel::setName(const QString& name) {
+    setAccessibleName(name);
+    m_list->setAccessibleName(name);
+}
+
 /// What is typed is never replaced while the panel is shown.
 void PopoverPanel::showSearch(const QList<MenuItem>& items) {
     const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {

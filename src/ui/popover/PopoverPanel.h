@@ -18,6 +18,9 @@ public:
     /// The items of a menu; a search field among them is shown above the others.
     void setItems(const QList<MenuItem>& items);
 
+    /// What assistive programs call it.
+    void setName(const QString& name);
+
     PopoverList& list() { return *m_list; }
     const PopoverList& list() const { return *m_list; }
     PanelFrame::Shape shape() const { return m_frame.shape(); }

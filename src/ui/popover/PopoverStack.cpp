@@ -68,6 +68,8 @@ void PopoverStack::useShape(PanelFrame::Shape shape) {
     while (!m_panels.empty())
         m_panels.pop_back();
     addPanel(shape);
+    panel(0).setName(QGuiApplication::applicationDisplayName());
+    panel(0).setWindowTitle(QGuiApplication::applicationDisplayName());
     connect(&panel(0), &PopoverPanel::searchChanged, this, &PopoverStack::searchChanged);
     connect(&panel(0), &PopoverPanel::hidden, this, &PopoverStack::hide);
     connect(&list(0), &PopoverList::painted, this, &PopoverStack::painted);
@@ -196,8 +198,11 @@ void PopoverStack::hide() {
 }
 
 void PopoverStack::release() {
-    for (const auto& kept : m_panels)
+    for (const auto& kept : m_panels) {
         kept->setItems({});
+        if (kept != m_panels.front())
+            kept->setName({});
+    }
 }
 
 void PopoverStack::repaint() {
@@ -257,8 +262,10 @@ void PopoverStack::openSubmenu(const Spot& spot, By by) {
 
 void PopoverStack::showSubmenu(int level) {
     PopoverList& parent = list(level - 1);
-    const QList<MenuItem> items = parent.rows().item(parent.openRow()).submenu;
+    const MenuItem item = parent.rows().item(parent.openRow());
+    const QList<MenuItem>& items = item.submenu;
     PopoverPanel& shown = ensurePanel(level);
+    shown.setName(item.title);
     shown.setItems(items.isEmpty() ? placeholder() : items);
     shown.list().highlight(PopoverRows::none, Reveal::no);
     shown.list().setOpenRow(PopoverRows::none);

@@ -47,7 +47,8 @@ public:
         resize(width(), wordWrap() ? heightForWidth(width()) : sizeHint().height());
     }
 
-    void showPicture(const QPixmap& picture) {
+    void showPicture(QPixmap picture) {
+        picture.setDevicePixelRatio(devicePixelRatioF());
         setMinimumWidth(0);
         setMaximumWidth(QWIDGETSIZE_MAX);
         setPixmap(picture);
