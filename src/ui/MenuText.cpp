@@ -64,13 +64,17 @@ QString lastLine(const QString& rest, const QFont& font, int width) {
 
 } // namespace
 
-QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth) {
+QString titleLine(const QString& title, const QFontMetrics& metrics, int mostWidth) {
     QString line = title.left(cutPosition(title, std::min(mostTitleUnits, title.size())));
     line.remove(QLatin1Char('\t'));
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (line.size() > surelyNarrowUnits)
         line = metrics.elidedText(line, Qt::ElideMiddle, mostWidth);
-    return line.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return line;
+}
+
+QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth) {
+    return titleLine(title, metrics, mostWidth).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 int measuredMenuWidth(const QList<MenuItem>& items, const QFontMetrics& metrics, int mostWidth) {

@@ -7,8 +7,11 @@
 
 namespace quorvel {
 
-/// The title as a menu row shows it: literally, on one line, at most `mostWidth` pixels wide (its
-/// middle is left out, so that the end stays visible).
+/// The title literally, on one line, at most `mostWidth` pixels wide: its middle is left out, so
+/// that the end stays visible.
+QString titleLine(const QString& title, const QFontMetrics& metrics, int mostWidth);
+
+/// The same for a toolkit that reads & as a mark.
 QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth);
 
 /// The width that these items ask of their menu, by their titles alone; measured no further than

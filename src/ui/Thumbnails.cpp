@@ -17,18 +17,34 @@ constexpr qsizetype hashedPart = 256 * 1024;
 constexpr int threadLifetimeMilliseconds = 5000;
 
 /// A hairline keeps a white picture apart from a white menu.
-QPixmap framed(QImage picture) {
-    QPainter painter(&picture);
+QPixmap framed(const QImage& picture, int rounding) {
+    const qreal scale = picture.devicePixelRatio();
+    QImage result(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    result.fill(Qt::transparent);
+    QImage texture = picture;
+    texture.setDevicePixelRatio(1);
+    QPainter painter(&result);
+    painter.setRenderHint(QPainter::Antialiasing, rounding > 0);
+    painter.setBrush(texture);
+    painter.setPen(Qt::NoPen);
+    const qreal radius = rounding * scale;
+    painter.drawRoundedRect(result.rect(), radius, radius);
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(QColor(128, 128, 128, 110));
-    painter.drawRect(QRect(QPoint(0, 0), picture.size() - QSize(1, 1)));
+    painter.drawRoundedRect(QRectF(result.rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.end();
-    return QPixmap::fromImage(picture);
+    result.setDevicePixelRatio(scale);
+    return QPixmap::fromImage(result);
 }
 
 } // namespace
 
 Thumbnails::Thumbnails()
-    : m_icons(mostBytesKept) {
+    : Thumbnails(Look()) {}
+
+Thumbnails::Thumbnails(const Look& look)
+    : m_look(look)
+    , m_icons(mostBytesKept) {
     m_pool.setMaxThreadCount(1);
     m_pool.setExpiryTimeout(threadLifetimeMilliseconds);
     m_pool.setThreadPriority(QThread::LowPriority);
@@ -58,7 +74,7 @@ void Thumbnails::startDecoding(const Key& key, const QByteArray& png, qreal scal
     if (m_underway.contains(key))
         return;
     m_underway.insert(key);
-    const QSize box(qRound(mostWidth * scale), qRound(height * scale));
+    const QSize box = m_look.box * scale;
     m_pool.start([this, key, png, box, scale] {
         QImage picture = decodeThumbnail(png, box);
         picture.setDevicePixelRatio(scale);
@@ -70,7 +86,7 @@ void Thumbnails::startDecoding(const Key& key, const QByteArray& png, qreal scal
 /// A null icon is kept for what cannot be decoded, so that it is not tried at each opening.
 void Thumbnails::keep(const Key& key, const QImage& picture) {
     m_underway.remove(key);
-    const QIcon icon = picture.isNull() ? QIcon() : QIcon(framed(picture));
+    const QIcon icon = picture.isNull() ? QIcon() : QIcon(framed(picture, m_look.rounding));
     m_icons.insert(key, new QIcon(icon), std::max<qsizetype>(picture.sizeInBytes(), 64));
     emit decoded();
 }

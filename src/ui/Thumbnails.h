@@ -16,10 +16,13 @@ class Thumbnails final : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr int height = 17; ///< Points.
-    static constexpr int mostWidth = 26;
+    struct Look {
+        QSize box{26, 17}; ///< Points; what no picture is larger than.
+        int rounding = 0;  ///< Radius of the corners.
+    };
 
     Thumbnails();
+    explicit Thumbnails(const Look& look);
     ~Thumbnails() override;
 
     /// The thumbnail when it is there. Otherwise null, decoding starts, and `decoded` follows.
@@ -47,6 +50,7 @@ private:
     void startDecoding(const Key& key, const QByteArray& png, qreal scale);
     void keep(const Key& key, const QImage& picture);
 
+    const Look m_look;
     QCache<Key, QIcon> m_icons;
     QSet<Key> m_underway;
     QThreadPool m_pool;

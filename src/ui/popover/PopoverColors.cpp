@@ -11,20 +11,27 @@ QColor mixed(const QColor& a, const QColor& b, float share) {
                             a.blueF() * rest + b.blueF() * share);
 }
 
+QColor strong(const QPalette& palette, QPalette::ColorRole role) {
+    return palette.color(QPalette::Active, role);
+}
+
 } // namespace
 
 PopoverColors::PopoverColors(const QPalette& palette)
-    : ground(palette.color(QPalette::Base))
-    , border(mixed(ground, palette.color(QPalette::Text), 0.22F))
-    , text(palette.color(QPalette::Text))
-    , quiet(mixed(ground, text, 0.62F))
-    , faint(mixed(ground, text, 0.48F))
-    , line(mixed(ground, text, 0.12F))
-    , field(mixed(ground, text, 0.06F))
-    , highlight(palette.color(QPalette::Highlight))
-    , highlightedText(palette.color(QPalette::HighlightedText))
-    , highlightedQuiet(mixed(highlight, highlightedText, 0.78F))
-    , openSubmenu(mixed(ground, highlight, 0.22F))
-    , scrollBar(mixed(ground, text, 0.36F)) {}
+    : isDark(strong(palette, QPalette::Base).lightnessF() < 0.5F)
+    , ground(strong(palette, QPalette::Base))
+    , border(mixed(ground, strong(palette, QPalette::Text), isDark ? 0.26F : 0.22F))
+    , text(strong(palette, QPalette::Text))
+    , quiet(mixed(ground, text, isDark ? 0.64F : 0.6F))
+    , faint(mixed(ground, text, 0.5F))
+    , line(mixed(ground, text, 0.11F))
+    , field(mixed(ground, text, isDark ? 0.09F : 0.06F))
+    , highlight(strong(palette, QPalette::Highlight))
+    , highlightedText(strong(palette, QPalette::HighlightedText))
+    , highlightedQuiet(mixed(highlight, highlightedText, 0.82F))
+    , highlightedField(mixed(highlight, highlightedText, 0.18F))
+    , trail(mixed(ground, highlight, isDark ? 0.34F : 0.2F))
+    , scrollBar(mixed(ground, text, 0.3F))
+    , heldScrollBar(mixed(ground, text, 0.5F)) {}
 
 } // namespace quorvel

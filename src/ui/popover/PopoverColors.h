@@ -9,18 +9,21 @@ namespace quorvel {
 struct PopoverColors {
     explicit PopoverColors(const QPalette& palette);
 
+    bool isDark;
     QColor ground;
     QColor border;
     QColor text;
-    QColor quiet; ///< For what is said in passing; still legible.
+    QColor quiet; ///< For what is said in passing; still read well.
     QColor faint; ///< For what cannot be chosen.
     QColor line;
-    QColor field; ///< Behind the search field.
+    QColor field; ///< Behind what is typed, texts and icons.
     QColor highlight;
     QColor highlightedText;
     QColor highlightedQuiet;
-    QColor openSubmenu; ///< Behind the row whose submenu is open.
+    QColor highlightedField;
+    QColor trail; ///< Behind the row whose submenu has the highlight.
     QColor scrollBar;
+    QColor heldScrollBar;
 };
 
 } // namespace quorvel

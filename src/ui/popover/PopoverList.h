@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/popover/RowPainter.h"
+#include "ui/popover/ScrollMotion.h"
 
 #include <QWidget>
 
@@ -8,74 +9,110 @@
 
 namespace quorvel {
 
-/// The rows of one panel: shows the part that fits, scrolls, and carries the highlight. Only what
-/// is visible is painted.
+/// The rows of one panel: shows what fits, scrolls, and carries the highlight. Only what is visible
+/// is painted. Takes no input; its panel hands on what is meant for it.
 class PopoverList final : public QWidget {
     Q_OBJECT
 
 public:
-    PopoverList(const PopoverContext& context, QWidget* parent);
-
-    /// Shows these items. The highlight stays on its item, and what is seen stays in its place.
-    void setItems(const QList<MenuItem>& items, int width);
-
-    const PopoverRows& rows() const { return m_rows; }
-    int highlighted() const { return m_highlighted; }
-
     enum class Reveal { no, yes };
 
-    /// `PopoverRows::none` for no highlight.
-    void highlight(int row, Reveal reveal = Reveal::yes);
+    PopoverList(const PopoverContext& context, QWidget* parent);
 
-    /// The row whose submenu is open, or none.
-    void setOpenSubmenu(int row);
-
-    /// Gives the submenu of this identifier its items; false when there is none.
+    /// Shows these items. The highlight and the open row stay with their items, and what is seen
+    /// stays in its place.
+    void setItems(const QList<MenuItem>& items);
     bool fillSubmenu(const QString& identifier, const QList<MenuItem>& items);
 
-    /// The row under a place in this widget, or none.
-    int rowAt(const QPoint& place) const;
+    const PopoverRows& rows() const { return m_rows; }
+    const PopoverMetrics& metrics() const { return m_metrics; }
 
-    /// The place of a row in this widget; parts of it may be scrolled away.
+    /// The width in which no row is cut, as far as it is worth to look.
+    int wantedWidth() const;
+
+    /// The height that shows every row without scrolling, in this width.
+    int wantedHeight(int width);
+
+    int highlighted() const { return m_highlighted; }
+    void highlight(int row, Reveal reveal);
+
+    /// The row whose submenu is open.
+    int openRow() const { return m_openRow; }
+    void setOpenRow(int row);
+
+    /// Whether the keyboard is at this list; otherwise its highlight only marks the way.
+    void setActive(bool isActive);
+
+    /// Pictures may stand in lists that show none now: their column is kept free.
+    void reservePictures() { m_reservesPictures = true; }
+
+    /// In coordinates of this widget; a row may be scrolled away.
+    int rowAt(const QPoint& place) const;
     QRect placeOf(int row) const;
 
-    void scrollBy(int points);
-    void scrollToStart();
-    int rowsPerPage() const;
+    ScrollMotion& motion() { return m_motion; }
+    void scrollBy(qreal points);
+    void scrollToTop() { setOffset(0); }
 
-    /// Drags the scroll bar: whether the press was on it, then where to, in points.
-    bool pressScrollBar(const QPoint& place);
-    bool dragScrollBar(const QPoint& place);
-    void releaseScrollBar() { m_barGrip.reset(); }
+    /// The row a page away from the highlighted one.
+    int rowOfNextPage(int direction) const;
 
-    void refreshPictures() { update(); }
+    /// The scroll bar: whether this place is on it, and dragging it.
+    bool isOnScrollBar(const QPoint& place) const;
+    void pressScrollBar(const QPoint& place);
+    void dragScrollBar(const QPoint& place);
+    void releaseScrollBar();
+    bool isScrollBarHeld() const { return m_barGrip.has_value(); }
+    void setScrollBarHovered(bool isHovered);
+
+    /// `painted` follows the next frame.
+    void expectFrame() { m_awaitsFrame = true; }
 
 signals:
     void highlightChanged(int row);
-
-    /// The first paint since the last `expectPaint` is done.
     void painted();
 
-public:
-    void expectPaint() { m_awaitsPaint = true; }
+    /// Other rows are under a resting pointer now.
+    void scrolled();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void setOffset(int offset);
-    int mostOffset() const;
-    QRect scrollBarPlace() const;
+    struct Mark {
+        int row = PopoverRows::none;
+        MenuItem item;
+        int occurrence = 0;
+    };
+
+    Mark mark(int row) const;
+    int rowOf(const Mark& mark) const;
+    void layOutRows(int width);
+    void reveal(int row);
+    void setOffset(qreal offset);
+    qreal mostOffset() const;
+    int top(int row) const;
+    int iconColumn() const;
+    QRect scrollBar() const;
     RowState stateOf(int row) const;
+    void paintRows(QPainter& painter, const QRect& part, const PopoverColors& colors);
+    void paintScrollBar(QPainter& painter, const PopoverColors& colors);
 
     const PopoverContext& m_context;
+    PopoverMetrics m_metrics;
     PopoverRows m_rows;
+    ScrollMotion m_motion;
+    int m_laidOutWidth = 0;
     int m_highlighted = PopoverRows::none;
-    int m_openSubmenu = PopoverRows::none;
-    int m_offset = 0;
+    int m_openRow = PopoverRows::none;
+    qreal m_offset = 0;
     std::optional<int> m_barGrip; ///< Where the scroll bar is held, below its top.
-    bool m_awaitsPaint = false;
+    bool m_isBarHovered = false;
+    bool m_isActive = true;
+    bool m_reservesPictures = false;
+    bool m_awaitsFrame = false;
 };
 
 } // namespace quorvel

@@ -1,29 +1,46 @@
 #include "ui/popover/PopoverMenu.h"
 
+#include "ui/MenuTree.h"
+#include "ui/popover/PopoverAccessible.h"
+
 #include <QCursor>
 #include <QGuiApplication>
+#include <QKeyEvent>
 
 namespace quorvel {
 
+namespace {
+
+constexpr Thumbnails::Look rowPictures{.box = PopoverMetrics::picture, .rounding = 4};
+constexpr Thumbnails::Look previews{.box = QSize(340, 280), .rounding = 4};
+
+} // namespace
+
 PopoverMenu::PopoverMenu(const Icons& icons, const StringTable& strings)
-    : m_context{icons, m_thumbnails, strings}
+    : m_thumbnails(rowPictures)
+    , m_previews(previews)
+    , m_context{icons, strings, m_thumbnails, m_previews}
     , m_stack(m_context)
-    , m_grab(m_stack.root()) {
-    PopoverPanel& root = m_stack.root();
-    connect(&root, &PopoverPanel::keyPressed, this, &PopoverMenu::keyPressed);
-    connect(&root, &PopoverPanel::keyReleased, this,
-            [this](const QKeyEvent* release) { keyReleased(*release); });
-    connect(&root, &PopoverPanel::wentAway, this, &PopoverMenu::wentAway);
-    connect(&root, &PopoverPanel::searchChanged, this, [this](const QString& query) {
-        m_stack.expectResults();
-        emit searchChanged(query);
-    });
+    , m_keys(m_stack)
+    , m_pointer(m_stack)
+    , m_tip(m_stack, m_context) {
+    makeListsAccessible();
+    connectStack();
+    connect(&m_thumbnails, &Thumbnails::decoded, &m_stack, &PopoverStack::repaint);
+    connect(&m_previews, &Thumbnails::decoded, &m_tip, &PopoverTip::refresh);
+    connect(&m_pointer, &PopoverPointer::pressedOutside, this, &PopoverMenu::close);
+}
+
+void PopoverMenu::connectStack() {
     connect(&m_stack, &PopoverStack::chosen, this, &PopoverMenu::choose);
+    connect(&m_stack, &PopoverStack::hidden, this, &PopoverMenu::stackHidden);
     connect(&m_stack, &PopoverStack::submenuOpening, this, &PopoverMenu::submenuOpening);
-    connect(&m_stack, &PopoverStack::pressedOutside, this, &PopoverMenu::close);
+    connect(&m_stack, &PopoverStack::searchChanged, this, &PopoverMenu::searchChanged);
     connect(&m_stack, &PopoverStack::painted, this, &PopoverMenu::painted);
-    connect(&m_thumbnails, &Thumbnails::decoded, &m_stack, &PopoverStack::refreshPictures);
-    connect(&m_grab, &PopupGrab::refused, this, &PopoverMenu::close);
+    connect(&m_stack, &PopoverStack::changed, &m_tip, &PopoverTip::restart);
+    connect(&m_stack, &PopoverStack::keyPressed, this, &PopoverMenu::keyPressed);
+    connect(&m_stack, &PopoverStack::keyReleased, this, &PopoverMenu::keyReleased);
+    connect(&m_stack, &PopoverStack::pointed, &m_pointer, &PopoverPointer::take);
 }
 
 void PopoverMenu::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
@@ -34,13 +51,23 @@ void PopoverMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     close();
     finish();
     m_phase = Phase::open;
-    m_stack.open(tree, QCursor::pos());
-    m_grab.secure();
+    const QPoint pointer = QCursor::pos();
+    m_pointer.begin(pointer);
+    m_stack.open(tree, pointer);
+    if (isOpen())
+        secureGrab();
+}
+
+/// Another kind of display may have led to another panel.
+void PopoverMenu::secureGrab() {
+    m_grab.emplace(m_stack.panel(0));
+    connect(&*m_grab, &PopupGrab::refused, this, &PopoverMenu::close);
+    m_grab->secure();
 }
 
 void PopoverMenu::update(const QList<MenuItem>& tree) {
     if (isOpen())
-        m_stack.update(tree);
+        m_stack.setItems(tree);
 }
 
 void PopoverMenu::fillSubmenu(const QString& identifier, const QList<MenuItem>& items) {
@@ -54,8 +81,9 @@ void PopoverMenu::warmUp(const QList<MenuItem>& tree, MenuForm /*form*/) {
 }
 
 void PopoverMenu::close() {
-    if (isOpen())
-        m_stack.close();
+    if (!isOpen())
+        return;
+    m_stack.hide();
     finish();
 }
 
@@ -63,35 +91,33 @@ Modifiers PopoverMenu::currentModifiers() const {
     return modifiersFrom(QGuiApplication::queryKeyboardModifiers());
 }
 
-void PopoverMenu::keyPressed(QKeyEvent* press) {
+void PopoverMenu::keyPressed(QKeyEvent& press) {
     if (!isOpen())
         return;
-    press->accept();
-    if (isModifierKey(press->key())) {
-        if (!press->isAutoRepeat()) // The state that comes with the event is the one before it.
-            emit modifiersChanged(currentModifiers() | modifierOf(press->key()));
-        return;
-    }
-    const auto find = [this](const auto& matches) { return m_stack.find(matches); };
-    const MenuKeyboard::Press meant = m_keyboard.pressed(*press, find);
-    if (meant.meaning == MenuKeyboard::Meaning::closes)
+    if (isModifierKey(press.key()))
+        return modifierPressed(press);
+    const auto find = [this](const std::function<bool(const MenuItem&)>& matches) {
+        return findItem(m_stack.list(0).rows().items(), matches);
+    };
+    const MenuKeyboard::Press meant = m_keyboard.pressed(press, find);
+    switch (meant.meaning) {
+    case MenuKeyboard::Meaning::closes:
         return close();
-    if (meant.meaning == MenuKeyboard::Meaning::chooses)
+    case MenuKeyboard::Meaning::chooses:
         return choose(meant.item);
-    if (meant.meaning == MenuKeyboard::Meaning::alreadyMeant)
+    case MenuKeyboard::Meaning::alreadyMeant:
         return;
-    const auto submenu =
-        m_stack.isSubmenuOpen() ? SearchField::Submenu::open : SearchField::Submenu::closed;
-    SearchField* field = m_stack.root().searchField();
-    const bool isEscape = press->key() == Qt::Key_Escape;
-    const bool isTaken =
-        (isEscape && m_stack.leaveSubmenu()) || (field && field->take(*press, submenu));
-    if (isTaken)
-        return;
-    if (isEscape)
+    case MenuKeyboard::Meaning::nothing:
+        break;
+    }
+    if (!m_keys.press(press))
         close();
-    else
-        m_stack.driveBy(*press);
+}
+
+/// The state that comes with the event is the one before it.
+void PopoverMenu::modifierPressed(const QKeyEvent& press) {
+    if (!press.isAutoRepeat())
+        emit modifiersChanged(currentModifiers() | modifierOf(press.key()));
 }
 
 void PopoverMenu::keyReleased(const QKeyEvent& release) {
@@ -106,15 +132,19 @@ void PopoverMenu::choose(const MenuItem& item) {
         return;
     m_choice = MenuChoice{item.action, item.representedObject,
                           modifiersFrom(QGuiApplication::keyboardModifiers())};
-    m_stack.close();
+    m_stack.hide();
 }
 
-/// The popover still has the grabs here, and its choice follows: told when both are settled.
-void PopoverMenu::wentAway() {
+/// The event that has closed the popover is still under way: told when that and the grabs are
+/// settled.
+void PopoverMenu::stackHidden() {
     if (!isOpen())
         return;
     m_phase = Phase::ending;
-    m_grab.stop();
+    if (m_grab)
+        m_grab->stop();
+    m_pointer.end();
+    m_tip.hide();
     QMetaObject::invokeMethod(this, &PopoverMenu::finish, Qt::QueuedConnection);
 }
 
@@ -122,11 +152,16 @@ void PopoverMenu::finish() {
     if (m_phase != Phase::ending)
         return;
     m_phase = Phase::closed;
-    m_stack.close();
     const auto choice = std::exchange(m_choice, std::nullopt);
+    QMetaObject::invokeMethod(this, &PopoverMenu::releaseWhenClosed, Qt::QueuedConnection);
     emit closed();
     if (choice)
         emit chosen(*choice);
+}
+
+void PopoverMenu::releaseWhenClosed() {
+    if (m_phase == Phase::closed)
+        m_stack.release();
 }
 
 } // namespace quorvel

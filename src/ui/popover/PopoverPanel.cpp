@@ -1,9 +1,8 @@
 #include "ui/popover/PopoverPanel.h"
 
-#include <QBitmap>
+#include <QAction>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPainterPath>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -12,155 +11,180 @@ namespace quorvel {
 namespace {
 
 constexpr int fieldEdge = 10;
-constexpr int fieldHeight = 34;
+constexpr int fieldRounding = 8;
+constexpr int fieldInset = 4;
 
-Qt::WindowFlags flags(PopoverPanel::Level level) {
-    const Qt::WindowType type = level == PopoverPanel::Level::root ? Qt::Popup : Qt::ToolTip;
-    return Qt::WindowFlags(type) | Qt::FramelessWindowHint;
-}
-
-QRegion rounded(const QSize& size) {
-    QBitmap mask(size);
-    mask.clear();
-    QPainter painter(&mask);
-    painter.setBrush(Qt::color1);
-    painter.setPen(Qt::color1);
-    painter.drawRoundedRect(QRect(QPoint(), size - QSize(1, 1)), PopoverMetrics::rounding,
-                            PopoverMetrics::rounding);
-    painter.end();
-    return {mask};
+Qt::WindowFlags flags(const PopoverPanel* root) {
+    return Qt::WindowFlags(root ? Qt::ToolTip : Qt::Popup) | Qt::FramelessWindowHint |
+           Qt::NoDropShadowWindowHint;
 }
 
 } // namespace
 
-PopoverPanel::PopoverPanel(const PopoverContext& context, Level level)
-    : QWidget(nullptr, flags(level))
-    , m_level(level)
+PopoverPanel::PopoverPanel(const PopoverContext& context, PanelFrame::Shape shape,
+                           PopoverPanel* root)
+    : QWidget(root, flags(root))
+    , m_context(context)
+    , m_frame(shape)
     , m_list(new PopoverList(context, this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    setAttribute(Qt::WA_NoMouseReplay);
+    setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setAttribute(Qt::WA_TranslucentBackground, shape == PanelFrame::Shape::blended);
+    setAttribute(Qt::WA_OpaquePaintEvent, shape == PanelFrame::Shape::square);
     setMouseTracking(true);
-    m_list->setAttribute(Qt::WA_TransparentForMouseEvents);
-    if (level == Level::submenu)
-        return;
+    if (!root)
+        addSearchField();
+}
+
+void PopoverPanel::addSearchField() {
+    m_list->reservePictures();
     m_field = new SearchField(this);
     m_field->setFrame(false);
-    m_field->installEventFilter(this);
+    m_field->setClearButtonEnabled(false);
+    m_magnifier = m_field->addAction(QIcon(), QLineEdit::LeadingPosition);
+    m_clear = m_field->addAction(QIcon(), QLineEdit::TrailingPosition);
+    m_clear->setVisible(false);
+    connect(m_clear, &QAction::triggered, m_field, &QLineEdit::clear);
+    connect(m_field, &QLineEdit::textChanged, m_clear,
+            [this](const QString& text) { m_clear->setVisible(!text.isEmpty()); });
     connect(m_field, &SearchField::changedByUser, this, &PopoverPanel::searchChanged);
-    m_field->addAction(context.icons.symbol(QStringLiteral("magnifyingglass")),
-                       QLineEdit::LeadingPosition);
-    styleField();
+    dressSearchField();
+}
+
+/// The field's ground is painted by the panel.
+void PopoverPanel::dressSearchField() {
+    const QScopedValueRollback dressing(m_isDressing, true);
+    const PopoverColors colors(palette());
+    QPalette own = palette();
+    own.setColor(QPalette::Base, Qt::transparent);
+    own.setColor(QPalette::PlaceholderText, colors.quiet);
+    m_field->setPalette(own);
+    m_field->setFont(m_list->metrics().search);
+    m_magnifier->setIcon(m_context.icons.symbol(QStringLiteral("magnifyingglass"), colors.quiet));
+    m_clear->setIcon(m_context.icons.symbol(QStringLiteral("xmark.circle.fill"), colors.quiet));
 }
 
 void PopoverPanel::setItems(const QList<MenuItem>& items) {
+    if (m_field)
+        showSearch(items);
+    m_list->setItems(items);
+    layOut();
+}
+
+void PopoverPanel::setName(const QString& name) {
+    setAccessibleName(name);
+    m_list->setAccessibleName(name);
+}
+
+/// What is typed is never replaced while the panel is shown.
+void PopoverPanel::showSearch(const QList<MenuItem>& items) {
     const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {
         return item.kind == MenuItemKind::searchField;
     });
-    m_hasSearch = m_field && search != items.end();
-    if (m_field) {
-        m_field->setVisible(m_hasSearch);
-        if (m_hasSearch)
-            m_field->setPlaceholderText(search->title);
-    }
-    layOut();
-    m_list->setItems(items, wantedWidth());
+    const bool hadSearch = std::exchange(m_hasSearch, search != items.end());
+    if (m_hasSearch && !(hadSearch && isVisible()))
+        m_field->showText(search->representedObject);
+    else if (!m_hasSearch)
+        m_field->showText({});
+    m_field->setVisible(m_hasSearch);
+    setFocusProxy(m_hasSearch ? m_field : nullptr);
+    if (!m_hasSearch)
+        return;
+    m_field->setPlaceholderText(search->title);
+    m_field->setAccessibleName(search->title);
+    if (isVisible() && !m_field->hasFocus())
+        m_field->setFocus(Qt::PopupFocusReason);
 }
 
-SearchField* PopoverPanel::searchField() const {
-    return m_hasSearch ? m_field : nullptr;
+QSize PopoverPanel::wantedSize() {
+    const int width = m_field ? PopoverMetrics::width : submenuWidth();
+    return {width,
+            std::min(head() + m_list->wantedHeight(width - 2) + 3, PopoverMetrics::mostHeight)};
 }
 
-int PopoverPanel::wantedWidth() const {
-    return m_level == Level::root ? PopoverMetrics::width : PopoverMetrics::submenuWidth;
+/// As wide as its rows ask for; while it is shown, it never gets narrower.
+int PopoverPanel::submenuWidth() {
+    m_widest =
+        std::max(m_widest, std::clamp(m_list->wantedWidth() + 2, PopoverMetrics::leastSubmenuWidth,
+                                      PopoverMetrics::mostSubmenuWidth));
+    return m_widest;
 }
 
-int PopoverPanel::headHeight() const {
-    return m_hasSearch ? PopoverMetrics::searchHeight : PopoverMetrics::edge;
+int PopoverPanel::head() const {
+    return m_hasSearch ? m_list->metrics().searchArea : 1;
 }
 
-QSize PopoverPanel::wantedSize() const {
-    const int wanted = headHeight() + m_list->rows().height() + PopoverMetrics::edge;
-    return {wantedWidth(), std::min(wanted, PopoverMetrics::mostHeight)};
+QRect PopoverPanel::fieldRect() const {
+    const QRect panel = panelRect();
+    return {panel.left() + fieldEdge, panel.top() + fieldEdge, panel.width() - 2 * fieldEdge,
+            m_list->metrics().searchField};
+}
+
+void PopoverPanel::layOut() {
+    m_list->setGeometry(panelRect().adjusted(1, head(), -1, -2));
+    if (m_field)
+        m_field->setGeometry(fieldRect().adjusted(fieldInset, 0, -fieldInset, 0));
 }
 
 bool PopoverPanel::event(QEvent* event) {
     switch (event->type()) {
-    case QEvent::KeyPress:
-        emit keyPressed(static_cast<QKeyEvent*>(event));
-        return true;
-    case QEvent::KeyRelease:
-        emit keyReleased(static_cast<QKeyEvent*>(event));
-        return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
     case QEvent::Wheel:
-        emit pointerEvent(event);
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        event->accept();
+        emit pointed(*event);
         return true;
     default:
         return QWidget::event(event);
     }
 }
 
-/// Keys go to the whole popover first, which hands back what is typing; Tab never moves the focus.
-bool PopoverPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
-        emit keyPressed(static_cast<QKeyEvent*>(event));
-    else if (event->type() == QEvent::KeyRelease)
-        emit keyReleased(static_cast<QKeyEvent*>(event));
-    else if (event->type() == QEvent::ShortcutOverride)
-        event->accept();
-    else
-        return QWidget::eventFilter(watched, event);
-    return true;
+void PopoverPanel::keyPressEvent(QKeyEvent* event) {
+    emit keyPressed(*event);
 }
 
-void PopoverPanel::paintEvent(QPaintEvent* /*event*/) {
+void PopoverPanel::keyReleaseEvent(QKeyEvent* event) {
+    emit keyReleased(*event);
+}
+
+void PopoverPanel::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const PopoverColors colors(palette());
-    painter.fillRect(rect(), colors.ground);
+    const QRect panel = panelRect();
+    m_frame.paint(painter, panel, event->rect(), colors);
+    if (!m_hasSearch)
+        return;
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_hasSearch) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colors.field);
-        painter.drawRoundedRect(m_field->geometry(), 7, 7);
-    }
-    painter.setPen(QPen(colors.border, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), PopoverMetrics::rounding,
-                            PopoverMetrics::rounding);
+    painter.fillRect(panel.left() + 1, panel.top() + head() - 1, panel.width() - 2, 1, colors.line);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.field);
+    painter.drawRoundedRect(fieldRect(), fieldRounding, fieldRounding);
 }
 
 void PopoverPanel::resizeEvent(QResizeEvent* /*event*/) {
     layOut();
-    setMask(rounded(size()));
-}
-
-void PopoverPanel::layOut() {
-    const int head = headHeight();
-    m_list->setGeometry(1, head, width() - 2, std::max(0, height() - head - PopoverMetrics::edge));
-    if (m_field)
-        m_field->setGeometry(fieldEdge, fieldEdge - 1, width() - 2 * fieldEdge, fieldHeight);
 }
 
 void PopoverPanel::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    emit wentAway();
+    m_widest = 0;
+    m_list->motion().stop();
+    emit hidden();
 }
 
 void PopoverPanel::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_field)
-        styleField();
-}
-
-/// The field's ground is painted by the panel.
-void PopoverPanel::styleField() {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, Qt::transparent);
-    m_field->setPalette(colors);
+    const bool isLook =
+        event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+    if (m_field && isLook && !m_isDressing)
+        dressSearchField();
 }
 
 } // namespace quorvel

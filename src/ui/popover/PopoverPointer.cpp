@@ -1,134 +1,234 @@
-#include "ui/popover/PopoverStack.h"
+#include "ui/popover/PopoverPointer.h"
 
 #include <QMouseEvent>
+#include <QTouchEvent>
 #include <QWheelEvent>
 
-/// How the pointer drives the popover: mouse, wheel and finger.
+#include <cmath>
+
 namespace quorvel {
 
 namespace {
 
-constexpr int pointsPerNotch = 90;
-constexpr int unitsPerNotch = 120;
-constexpr int touchSlop = 8;
-
-bool isTouch(const QMouseEvent& event) {
-    return event.pointingDevice() &&
-           event.pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen;
-}
+constexpr int settleMilliseconds = 150;
+constexpr int jitter = 3;          ///< Points that a hand moves without meaning it.
+constexpr qreal dragDistance = 10; ///< After which a finger scrolls.
+constexpr int wayBack = 5;         ///< Points over which the direction is looked at.
+constexpr int notch = 120;         ///< Of a wheel, in eighths of a degree.
+constexpr int pointsPerNotch = 84;
+constexpr qreal leastFling = 120;
 
 } // namespace
 
-void PopoverStack::pointerEvent(QEvent* event) {
-    switch (event->type()) {
-    case QEvent::MouseMove:
-        return pointerMoved(static_cast<const QMouseEvent&>(*event));
+PopoverPointer::PopoverPointer(PopoverStack& stack)
+    : m_stack(stack) {
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(settleMilliseconds);
+    connect(&m_settling, &QTimer::timeout, this, &PopoverPointer::settle);
+    m_clock.start();
+}
+
+void PopoverPointer::begin(QPoint pointer) {
+    m_opened = m_last = m_before = pointer;
+    m_isPressed = m_hasMoved = false;
+    m_finger.reset();
+}
+
+void PopoverPointer::end() {
+    m_settling.stop();
+    m_finger.reset();
+    for (int level = 0; level < m_stack.depth(); ++level)
+        m_stack.list(level).releaseScrollBar();
+}
+
+void PopoverPointer::take(QEvent& event) {
+    switch (event.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        return pointerPressed(static_cast<const QMouseEvent&>(*event));
+        return press(static_cast<QMouseEvent&>(event));
+    case QEvent::MouseMove:
+        return move(static_cast<QMouseEvent&>(event));
     case QEvent::MouseButtonRelease:
-        return pointerReleased(static_cast<const QMouseEvent&>(*event));
+        return release(static_cast<QMouseEvent&>(event));
     case QEvent::Wheel:
-        return wheelTurned(static_cast<const QWheelEvent&>(*event));
+        return turn(static_cast<QWheelEvent&>(event));
     default:
-        return;
+        return touch(static_cast<QTouchEvent&>(event));
     }
 }
 
-/// The topmost panel first: a submenu may lie over the one below it.
-std::optional<std::size_t> PopoverStack::levelAt(QPoint global) const {
-    for (std::size_t level = m_levels.size(); level-- > 0;)
-        if (m_levels[level]->panel->geometry().contains(global))
-            return level;
-    return std::nullopt;
-}
-
-/// A pointer that rests where the popover opened does not take the highlight from the keys.
-void PopoverStack::pointerMoved(const QMouseEvent& event) {
-    const QPoint global = event.globalPosition().toPoint();
-    if (std::exchange(m_lastPointer, global) == global)
-        return;
-    const auto level = levelAt(global);
-    if (m_isDraggingBar) {
-        list(top()).dragScrollBar(panel(top()).listPlace(global));
-        return;
-    }
-    if (m_touch && level) {
-        const int moved = m_touch->y() - global.y();
-        if (std::abs(moved) < touchSlop && m_pressed)
-            return;
-        m_pressed.reset();
-        m_touch = global;
-        return list(*level).scrollBy(moved);
-    }
-    if (level)
-        hover(*level, list(*level).rowAt(panel(*level).listPlace(global)));
-}
-
-void PopoverStack::hover(std::size_t level, int row) {
-    PopoverList& shown = list(level);
-    if (row == PopoverRows::none || !shown.rows().at(row).isSelectable())
-        return;
-    if (shown.highlighted() != row)
-        m_hoverTimer.start(); // A submenu on the pointer's way opens or closes only when it stays.
-    shown.highlight(row, PopoverList::Reveal::no);
-}
-
-void PopoverStack::followHover() {
-    const auto level = levelAt(m_lastPointer);
-    if (!level)
-        return;
-    const int row = list(*level).highlighted();
-    if (row == PopoverRows::none)
-        return;
-    if (list(*level).rows().at(row).item.hasSubmenu())
-        openSubmenu(*level, row);
-    else
-        closeSubmenusAbove(*level);
-}
-
-void PopoverStack::pointerPressed(const QMouseEvent& event) {
-    const QPoint global = event.globalPosition().toPoint();
-    const auto level = levelAt(global);
-    if (!level)
+void PopoverPointer::press(const QMouseEvent& press) {
+    const QPoint place = press.globalPosition().toPoint();
+    const Spot spot = m_stack.spotAt(place);
+    if (spot.level < 0)
         return emit pressedOutside();
-    const QPoint place = panel(*level).listPlace(global);
-    m_isDraggingBar = *level == top() && list(*level).pressScrollBar(place);
-    if (m_isDraggingBar)
-        return;
-    m_touch = isTouch(event) ? std::optional(global) : std::nullopt;
-    m_pressed = std::pair(*level, list(*level).rowAt(place));
-    hover(*level, m_pressed->second);
+    m_isPressed = press.button() == Qt::LeftButton;
+    PopoverList& list = m_stack.list(spot.level);
+    list.motion().stop();
+    const QPoint inside = list.mapFromGlobal(place);
+    if (m_isPressed && list.isOnScrollBar(inside))
+        list.pressScrollBar(inside);
+    else if (m_stack.isSelectable(spot))
+        hover(place);
 }
 
-/// Also at the end of a drag that began on the tray icon or on another row.
-void PopoverStack::pointerReleased(const QMouseEvent& event) {
-    const bool wasScrolling = m_isDraggingBar || (m_touch && !m_pressed);
-    const bool wasPressedHere = m_pressed.has_value();
-    m_isDraggingBar = false;
-    m_touch.reset();
-    m_pressed.reset();
-    list(top()).releaseScrollBar();
-    const QPoint global = event.globalPosition().toPoint();
-    const auto level = levelAt(global);
-    if (wasScrolling || !wasPressedHere || !level)
+/// Events without any movement come when windows appear or rows move under the pointer.
+void PopoverPointer::move(const QMouseEvent& move) {
+    const QPoint place = move.globalPosition().toPoint();
+    if (place == m_last)
         return;
-    const int row = list(*level).rowAt(panel(*level).listPlace(global));
-    if (row == PopoverRows::none)
+    if (!m_hasMoved && (place - m_opened).manhattanLength() <= jitter)
         return;
-    if (list(*level).rows().at(row).item.hasSubmenu())
-        openSubmenu(*level, row);
+    m_hasMoved = true;
+    if (const int level = heldScrollBar(); level >= 0) {
+        m_last = place;
+        return m_stack.list(level).dragScrollBar(m_stack.list(level).mapFromGlobal(place));
+    }
+    updateScrollBars(place);
+    const QPoint from = m_before;
+    m_last = place;
+    if ((place - m_before).manhattanLength() >= wayBack)
+        m_before = place;
+    emit moved();
+    if (isOnItsWay(from, place))
+        return m_settling.start();
+    hover(place);
+}
+
+/// From a row to the submenu that it has opened, across the rows between.
+bool PopoverPointer::isOnItsWay(const QPoint& from, const QPoint& to) {
+    const Spot spot = m_stack.spotAt(to);
+    const int submenu = spot.level + 1;
+    return spot.level >= 0 && submenu < m_stack.depth() &&
+           m_stack.list(spot.level).openRow() != spot.row &&
+           isHeadingFor(m_stack.panel(submenu).place(), from, to);
+}
+
+void PopoverPointer::hover(const QPoint& place) {
+    const Spot spot = m_stack.spotAt(place);
+    if (!m_stack.isSelectable(spot))
+        return;
+    for (int level = 0; level < spot.level; ++level) // The way to it, as it may have been left.
+        m_stack.list(level).highlight(m_stack.list(level).openRow(), PopoverList::Reveal::no);
+    m_stack.highlight(spot, PopoverList::Reveal::no);
+    m_settling.start();
+}
+
+/// The pointer has stayed: the submenu of its row opens, another one closes.
+void PopoverPointer::settle() {
+    const Spot spot = m_stack.spotAt(m_last);
+    if (!m_stack.isSelectable(spot))
+        return;
+    if (m_stack.highlighted() != spot)
+        m_stack.highlight(spot, PopoverList::Reveal::no);
+    PopoverList& list = m_stack.list(spot.level);
+    if (list.openRow() == spot.row)
+        return;
+    if (list.rows().item(spot.row).hasSubmenu())
+        m_stack.openSubmenu(spot, PopoverStack::By::pointer);
     else
-        activate(*level, row);
+        m_stack.closeSubmenus(spot.level);
 }
 
-void PopoverStack::wheelTurned(const QWheelEvent& event) {
-    const auto level = levelAt(event.globalPosition().toPoint());
-    if (!level)
+/// The release of a press elsewhere chooses, too, when the pointer has been moved here since.
+void PopoverPointer::release(const QMouseEvent& release) {
+    const bool wasPressed = std::exchange(m_isPressed, false);
+    if (const int level = heldScrollBar(); level >= 0)
+        return m_stack.list(level).releaseScrollBar();
+    if (release.button() != Qt::LeftButton || !(wasPressed || m_hasMoved))
         return;
-    const int pixels = event.pixelDelta().y();
-    list(*level).scrollBy(pixels != 0 ? -pixels
-                                      : -event.angleDelta().y() * pointsPerNotch / unitsPerNotch);
+    const Spot spot = m_stack.spotAt(release.globalPosition().toPoint());
+    m_settling.stop();
+    m_stack.activate(spot, PopoverStack::By::pointer);
+}
+
+int PopoverPointer::heldScrollBar() const {
+    for (int level = 0; level < m_stack.depth(); ++level)
+        if (m_stack.list(level).isScrollBarHeld())
+            return level;
+    return -1;
+}
+
+void PopoverPointer::updateScrollBars(const QPoint& place) {
+    for (int level = 0; level < m_stack.depth(); ++level) {
+        PopoverList& list = m_stack.list(level);
+        list.setScrollBarHovered(m_stack.spotAt(place).level == level &&
+                                 list.isOnScrollBar(list.mapFromGlobal(place)));
+    }
+}
+
+/// A wheel with notches glides, a touchpad is followed exactly.
+void PopoverPointer::turn(const QWheelEvent& wheel) {
+    const Spot spot = m_stack.spotAt(wheel.globalPosition().toPoint());
+    if (spot.level < 0)
+        return;
+    PopoverList& list = m_stack.list(spot.level);
+    const int angle = wheel.angleDelta().y();
+    const bool hasNotches = angle != 0 && angle % notch == 0 && wheel.phase() == Qt::NoScrollPhase;
+    if (!wheel.pixelDelta().isNull() && !hasNotches) {
+        list.motion().stop();
+        list.scrollBy(-wheel.pixelDelta().y());
+    } else if (hasNotches) {
+        list.motion().glideBy(-qreal(angle) * pointsPerNotch / notch);
+    } else {
+        list.motion().stop();
+        list.scrollBy(-qreal(angle) * pointsPerNotch / notch);
+    }
+}
+
+void PopoverPointer::touch(QTouchEvent& touch) {
+    switch (touch.type()) {
+    case QEvent::TouchBegin:
+        return beginTouch(touch);
+    case QEvent::TouchUpdate:
+        return moveFinger(touch.points().constFirst().globalPosition());
+    case QEvent::TouchEnd:
+        return endTouch();
+    default:
+        m_finger.reset();
+    }
+}
+
+/// What is not on a list, such as the search field, gets the press of a mouse instead.
+void PopoverPointer::beginTouch(QTouchEvent& touch) {
+    const QPointF place = touch.points().constFirst().globalPosition();
+    const Spot spot = m_stack.spotAt(place.toPoint());
+    if (spot.level < 0)
+        return emit pressedOutside();
+    PopoverList& list = m_stack.list(spot.level);
+    if (!list.rect().contains(list.mapFromGlobal(place.toPoint())))
+        return touch.ignore();
+    list.motion().stop();
+    m_finger = {spot, place, place, 0, m_clock.elapsed()};
+}
+
+void PopoverPointer::moveFinger(QPointF place) {
+    if (!m_finger || m_finger->start.level >= m_stack.depth())
+        return;
+    Finger& finger = *m_finger;
+    finger.isDragging = finger.isDragging || std::abs(place.y() - finger.first.y()) > dragDistance;
+    const qint64 now = m_clock.elapsed();
+    const qreal distance = finger.last.y() - place.y();
+    const qreal seconds = std::max<qreal>(1, qreal(now - finger.time)) / 1000;
+    finger.speed = 0.4 * finger.speed + 0.6 * distance / seconds;
+    finger.time = now;
+    finger.last = place;
+    if (finger.isDragging)
+        m_stack.list(finger.start.level).scrollBy(distance);
+}
+
+void PopoverPointer::endTouch() {
+    if (!m_finger || m_finger->start.level >= m_stack.depth())
+        return m_finger.reset();
+    const Finger finger = *std::exchange(m_finger, std::nullopt);
+    if (!finger.isDragging) {
+        if (!m_stack.isSelectable(finger.start))
+            return;
+        m_stack.highlight(finger.start, PopoverList::Reveal::no);
+        return m_stack.activate(finger.start, PopoverStack::By::pointer);
+    }
+    if (std::abs(finger.speed) > leastFling)
+        m_stack.list(finger.start.level).motion().fling(finger.speed);
 }
 
 } // namespace quorvel

@@ -3,128 +3,168 @@
 #include "ui/MenuText.h"
 #include "ui/MenuTree.h"
 
-#include <QFontMetrics>
-
 #include <algorithm>
 
 namespace quorvel {
 
 namespace {
 
+/// The same as a list of wrapped lines, in points.
 int textBoxHeight(const QString& text, const PopoverMetrics& metrics, int width) {
-    const QString lines = wrappedText(
-        text, metrics.title, width - 2 * PopoverMetrics::edge - 4 * PopoverMetrics::rowPadding,
-        PopoverMetrics::mostTextBoxLines);
-    return (int(lines.count(u'\n')) + 1) * metrics.titleHeight + 4 * PopoverMetrics::rowPadding;
+    const QString lines = wrappedText(text, metrics.title, width, PopoverMetrics::mostTextLines);
+    return (int(lines.count(u'\n')) + 1) * metrics.titleHeight + 4 * PopoverMetrics::padding;
 }
 
-int heightOf(const MenuItem& item, const PopoverMetrics& metrics, int width) {
-    switch (item.kind) {
-    case MenuItemKind::header:
-    case MenuItemKind::hint:
-        return metrics.header;
-    case MenuItemKind::separator:
-        return PopoverMetrics::separator;
-    case MenuItemKind::textBox:
-        return textBoxHeight(item.title, metrics, width);
-    case MenuItemKind::searchField:
-        return 0;
-    case MenuItemKind::ordinary:
-        return item.detail.isEmpty() ? metrics.singleRow : metrics.doubleRow;
-    }
-    Q_UNREACHABLE();
+bool isStatement(const MenuItem& item) {
+    return item.kind == MenuItemKind::ordinary && !item.enabled;
 }
 
 } // namespace
 
-void PopoverRows::set(const QList<MenuItem>& items, const PopoverMetrics& metrics, int width) {
+void PopoverRows::set(const QList<MenuItem>& items) {
+    m_items = items;
     m_rows.clear();
-    m_sectionStarts.clear();
-    m_height = 0;
-    bool isSectionDue = true;
-    const MenuItem* separator = nullptr;
-    for (const MenuItem& item : items) {
-        if (item.kind == MenuItemKind::searchField)
+    m_sections.clear();
+    m_start = 0;
+    m_hasIcons = m_hasPictures = false;
+    qsizetype separator = -1;
+    bool startsSection = true;
+    for (qsizetype index = 0; index < m_items.size(); ++index) {
+        const MenuItem& item = std::as_const(m_items)[index];
+        if (item.kind == MenuItemKind::searchField) {
+            m_start = count();
             continue;
+        }
         if (item.kind == MenuItemKind::separator) {
-            separator = &item;
+            separator = index;
             continue;
         }
-        if (separator && !m_rows.empty()) {
-            m_rows.push_back({*separator, m_height, PopoverMetrics::separator});
-            m_height += PopoverMetrics::separator;
-        }
-        isSectionDue = isSectionDue || separator || item.kind == MenuItemKind::header;
-        separator = nullptr;
-        m_rows.push_back({item, m_height, heightOf(item, metrics, width)});
-        m_height += m_rows.back().height;
-        if (isSectionDue && m_rows.back().isSelectable()) {
-            m_sectionStarts.push_back(count() - 1);
-            isSectionDue = false;
+        startsSection = startsSection || separator >= 0 || item.kind == MenuItemKind::header;
+        const qsizetype before = std::exchange(separator, -1);
+        if (before >= 0 && !m_rows.empty())
+            m_rows.push_back({.item = before});
+        add(index);
+        if (startsSection && isSelectable(count() - 1)) {
+            m_sections.push_back(count() - 1);
+            startsSection = false;
         }
     }
+}
+
+void PopoverRows::add(qsizetype index) {
+    const MenuItem& item = std::as_const(m_items)[index];
+    m_rows.push_back({.item = index});
+    m_hasPictures = m_hasPictures || !item.imagePNGData.isEmpty();
+    m_hasIcons = m_hasIcons || m_hasPictures ||
+                 (item.kind == MenuItemKind::ordinary &&
+                  !(item.symbol.isEmpty() && item.colorName.isEmpty()));
+}
+
+void PopoverRows::layOut(const PopoverMetrics& metrics, int width) {
+    m_height = 0;
+    for (int row = 0; row < count(); ++row) {
+        Row& placed = m_rows[std::size_t(row)];
+        placed.top = m_height;
+        placed.height = heightOf(row, metrics, width);
+        m_height += placed.height;
+    }
+}
+
+int PopoverRows::heightOf(int row, const PopoverMetrics& metrics, int width) const {
+    const MenuItem& shown = item(row);
+    switch (shown.kind) {
+    case MenuItemKind::header:
+        return metrics.header;
+    case MenuItemKind::separator:
+        return PopoverMetrics::separator;
+    case MenuItemKind::textBox:
+        return textBoxHeight(shown.title, metrics, width);
+    case MenuItemKind::hint:
+        return metrics.detailHeight + 14;
+    case MenuItemKind::searchField:
+    case MenuItemKind::ordinary:
+        break;
+    }
+    if (isEmptyState(row))
+        return metrics.emptyState;
+    return shown.detail.isEmpty() && shown.imagePNGData.isEmpty() ? metrics.singleRow
+                                                                  : metrics.doubleRow;
+}
+
+bool PopoverRows::fillSubmenu(const QString& identifier, const QList<MenuItem>& content) {
+    return fillSubmenuItem(m_items, identifier, content);
 }
 
 int PopoverRows::rowAt(int y) const {
     if (y < 0 || y >= m_height)
         return none;
     const auto after = std::upper_bound(m_rows.begin(), m_rows.end(), y,
-                                        [](int place, const auto& row) { return place < row.top; });
+                                        [](int place, const Row& row) { return place < row.top; });
     return int(after - m_rows.begin()) - 1;
 }
 
+bool PopoverRows::isSelectable(int row) const {
+    if (row < 0 || row >= count() || !item(row).enabled)
+        return false;
+    const MenuItem& shown = item(row);
+    const bool isHintToChoose =
+        shown.kind == MenuItemKind::hint && shown.action != MenuAction::none;
+    return shown.kind == MenuItemKind::ordinary || isHintToChoose;
+}
+
+bool PopoverRows::isEmptyState(int row) const {
+    return count() == 1 && isStatement(item(row));
+}
+
 int PopoverRows::next(int from, int step) const {
-    const int direction = step < 0 ? -1 : 1;
     int row = from;
-    int found = none;
-    for (int left = std::abs(step); left > 0; --left) {
-        int tries = count();
-        do {
-            row += direction;
-            if (row >= count())
-                row = 0;
-            else if (row < 0)
-                row = count() - 1;
-        } while (--tries >= 0 && count() > 0 && !at(row).isSelectable());
-        if (tries < 0 || count() == 0)
-            return none;
-        found = row;
-    }
-    return found;
-}
-
-int PopoverRows::start() const {
-    for (int row = 0; row < count(); ++row)
-        if (at(row).isSelectable() && at(row).item.tag == pasteItemTag)
+    for (int tries = 0; tries < count(); ++tries) {
+        row = (row + step + count()) % count();
+        if (isSelectable(row))
             return row;
-    return first();
+    }
+    return none;
 }
 
-int PopoverRows::sectionOf(int row) const {
-    const auto after = std::upper_bound(m_sectionStarts.begin(), m_sectionStarts.end(), row);
-    return int(after - m_sectionStarts.begin()) - 1;
+int PopoverRows::nearest(int y) const {
+    const int start = rowAt(std::clamp(y, 0, std::max(0, m_height - 1)));
+    for (int distance = 0; distance < count(); ++distance) {
+        if (isSelectable(start + distance))
+            return start + distance;
+        if (isSelectable(start - distance))
+            return start - distance;
+    }
+    return none;
 }
 
 int PopoverRows::nextSection(int from, int step) const {
-    const int sections = int(m_sectionStarts.size());
+    const int sections = int(m_sections.size());
     if (sections == 0)
         return none;
-    const int section = from == none ? (step > 0 ? 0 : sections - 1) : sectionOf(from) + step;
-    return m_sectionStarts[std::size_t((section + sections) % sections)];
+    const int start = from == none ? m_start - 1 : from;
+    const auto after = std::upper_bound(m_sections.begin(), m_sections.end(), start);
+    const int section = int(after - m_sections.begin()) - 1; // -1 before the first one.
+    if (section < 0)
+        return step > 0 ? m_sections.front() : m_sections.back();
+    return m_sections[std::size_t((section + step + sections) % sections)];
 }
 
-int PopoverRows::find(const MenuItem& item) const {
-    for (int row = 0; row < count(); ++row)
-        if (at(row).isSelectable() && isSameItem(at(row).item, item))
-            return row;
-    return none;
+int PopoverRows::occurrence(int row) const {
+    int earlier = 0;
+    for (int other = 0; other < row; ++other)
+        earlier += isSelectable(other) && isSameItem(item(other), item(row));
+    return earlier;
 }
 
-int PopoverRows::findSubmenu(const QString& identifier) const {
-    for (int row = 0; row < count(); ++row)
-        if (!identifier.isEmpty() && at(row).item.identifier == identifier)
-            return row;
-    return none;
+int PopoverRows::find(const MenuItem& wanted, int occurrence) const {
+    int found = none;
+    for (int row = 0; row < count() && occurrence >= 0; ++row) {
+        if (!isSelectable(row) || !isSameItem(item(row), wanted))
+            continue;
+        found = row;
+        --occurrence;
+    }
+    return found;
 }
 
 } // namespace quorvel

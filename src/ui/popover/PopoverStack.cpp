@@ -1,285 +1,335 @@
 #include "ui/popover/PopoverStack.h"
 
-#include "ui/MenuPlacement.h"
-#include "ui/MenuTree.h"
-
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QScreen>
+
+#include <algorithm>
 
 namespace quorvel {
 
 namespace {
-
-constexpr int hoverMilliseconds = 140;
-constexpr int submenuOverlap = 4;
 
 const QList<MenuItem>& placeholder() {
     static const QList<MenuItem> items{MenuItem::disabled(QStringLiteral("\u2026"))};
     return items;
 }
 
-QRect limitsAt(QPoint place) {
-    const QScreen* screen = QGuiApplication::screenAt(place);
-    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+QString queryOf(const QList<MenuItem>& items) {
+    const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {
+        return item.kind == MenuItemKind::searchField;
+    });
+    return search == items.end() ? QString() : search->representedObject;
 }
 
 } // namespace
 
 PopoverStack::PopoverStack(const PopoverContext& context)
     : m_context(context) {
-    addLevel(PopoverPanel::Level::root);
-    connect(&root(), &PopoverPanel::pointerEvent, this, &PopoverStack::pointerEvent);
-    connect(&root().list(), &PopoverList::painted, this, &PopoverStack::painted);
-    m_hoverTimer.setSingleShot(true);
-    m_hoverTimer.setInterval(hoverMilliseconds);
-    connect(&m_hoverTimer, &QTimer::timeout, this, &PopoverStack::followHover);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen* screen) {
+        if (screen == m_screen)
+            hide();
+    });
 }
 
-void PopoverStack::addLevel(PopoverPanel::Level kind) {
-    auto level = std::make_unique<Level>();
-    level->panel = std::make_unique<PopoverPanel>(m_context, kind);
-    m_levels.push_back(std::move(level));
+/// The submenus first: the first panel is their parent.
+PopoverStack::~PopoverStack() {
+    disconnect();
+    m_depth = 0;
+    while (!m_panels.empty())
+        m_panels.pop_back();
 }
 
-void PopoverStack::open(const QList<MenuItem>& tree, QPoint pointer) {
-    closeSubmenusAbove(0);
-    m_expectsResults = false;
-    m_lastPointer = pointer;
-    m_pressed.reset();
-    m_levels.front()->items = tree;
-    list(0).highlight(PopoverRows::none);
-    root().setItems(tree);
-    list(0).scrollToStart();
-    placeRoot(pointer);
-    list(0).expectPaint();
-    root().show();
-    if (SearchField* field = root().searchField()) {
-        field->showText({});
-        field->setFocus(Qt::PopupFocusReason);
-    }
-    list(0).highlight(list(0).rows().start());
+void PopoverStack::open(const QList<MenuItem>& items, QPoint pointer) {
+    useShape(isComposited() ? PanelFrame::Shape::blended : PanelFrame::Shape::square);
+    QScreen* screen = QGuiApplication::screenAt(pointer);
+    follow(screen ? screen : QGuiApplication::primaryScreen());
+    PopoverPanel& root = panel(0);
+    root.setItems(items);
+    root.list().highlight(PopoverRows::none, Reveal::no);
+    root.list().scrollToTop();
+    root.list().expectFrame();
+    m_itemsQuery = queryOf(items);
+    m_answeredQuery = root.searchField() ? root.searchField()->text() : QString();
+    m_depth = 1;
+    setLevel(0);
+    root.setPlace(
+        m_anchor.open(root.wantedSize(), pointer, limits(), QGuiApplication::layoutDirection()));
+    // A click beside the popover only closes it: without this, a click on our tray icon would
+    // close it and open it again.
+    root.setAttribute(Qt::WA_NoMouseReplay);
+    root.show();
+    if (root.searchField())
+        root.searchField()->setFocus(Qt::PopupFocusReason);
 }
 
-void PopoverStack::warmUp(const QList<MenuItem>& tree) {
-    root().setItems(tree);
-    root().resize(root().wantedSize());
-    root().winId();
-    root().grab();
-}
-
-void PopoverStack::close() {
-    closeSubmenusAbove(0);
-    m_hoverTimer.stop();
-    root().hide();
-    list(0).highlight(PopoverRows::none);
-}
-
-void PopoverStack::placeRoot(QPoint pointer) {
-    const QRect limits = limitsAt(pointer);
-    const QSize size = root().wantedSize().boundedTo(limits.size());
-    const MenuPlace place =
-        placedAtPointer(size, pointer, limits, QGuiApplication::layoutDirection());
-    m_opensUpwards = place.isAbovePointer;
-    root().setGeometry(QRect(place.topLeft, size));
-}
-
-void PopoverStack::update(const QList<MenuItem>& tree) {
-    m_levels.front()->items = tree;
-    root().setItems(tree);
-    growRoot();
-    const bool hasResults = std::exchange(m_expectsResults, false);
-    if (hasResults)
-        list(0).scrollToStart();
-    if (hasResults || list(0).highlighted() == PopoverRows::none)
-        list(0).highlight(list(0).rows().start());
-    reopenSubmenus();
-}
-
-/// An open popover may grow, away from the pointer, but never shrinks under the user's eyes.
-void PopoverStack::growRoot() {
-    QRect place = root().geometry();
-    const QRect limits = limitsAt(place.center());
-    const int wanted = std::min(root().wantedSize().height(), limits.height());
-    if (wanted <= place.height() && limits.contains(place))
+/// Panels of another shape are other windows.
+void PopoverStack::useShape(PanelFrame::Shape shape) {
+    if (!m_panels.empty() && panel(0).shape() == shape)
         return;
-    const int bottom = place.bottom();
-    place.setHeight(std::max(wanted, place.height()));
-    if (m_opensUpwards)
-        place.moveBottom(bottom);
-    root().setGeometry(movedInto(limits, place));
+    while (!m_panels.empty())
+        m_panels.pop_back();
+    addPanel(shape);
+    panel(0).setName(QGuiApplication::applicationDisplayName());
+    panel(0).setWindowTitle(QGuiApplication::applicationDisplayName());
+    connect(&panel(0), &PopoverPanel::searchChanged, this, &PopoverStack::searchChanged);
+    connect(&panel(0), &PopoverPanel::hidden, this, &PopoverStack::hide);
+    connect(&list(0), &PopoverList::painted, this, &PopoverStack::painted);
 }
 
-/// A submenu stays open when its row is still there.
-void PopoverStack::reopenSubmenus() {
-    for (std::size_t level = 1; level < m_levels.size(); ++level) {
-        const int row = list(level - 1).rows().find(m_levels[level]->opener);
-        if (row == PopoverRows::none || !list(level - 1).rows().at(row).item.hasSubmenu())
-            return closeSubmenusAbove(level - 1);
-        list(level - 1).setOpenSubmenu(row);
-        showSubmenu(level - 1, row);
+void PopoverStack::addPanel(PanelFrame::Shape shape) {
+    PopoverPanel* root = m_panels.empty() ? nullptr : m_panels.front().get();
+    m_panels.push_back(std::make_unique<PopoverPanel>(m_context, shape, root));
+    m_sides.resize(m_panels.size());
+    const PopoverPanel* added = m_panels.back().get();
+    connect(added, &PopoverPanel::keyPressed, this, &PopoverStack::keyPressed);
+    connect(added, &PopoverPanel::keyReleased, this, &PopoverStack::keyReleased);
+    connect(added, &PopoverPanel::pointed, this, &PopoverStack::pointed);
+    connect(&added->list(), &PopoverList::highlightChanged, this, &PopoverStack::changed);
+    connect(&added->list(), &PopoverList::scrolled, this, &PopoverStack::changed);
+}
+
+PopoverPanel& PopoverStack::ensurePanel(int level) {
+    while (int(m_panels.size()) <= level)
+        addPanel(panel(0).shape());
+    return panel(level);
+}
+
+void PopoverStack::follow(QScreen* screen) {
+    if (m_screen == screen)
+        return;
+    if (m_screen)
+        disconnect(m_screen, nullptr, this, nullptr);
+    m_screen = screen;
+    connect(screen, &QScreen::availableGeometryChanged, this, [this] {
+        if (isShown())
+            placeRoot();
+    });
+}
+
+QRect PopoverStack::limits() const {
+    const QScreen* screen = m_screen ? m_screen.data() : QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry() : m_panels.front()->place();
+}
+
+void PopoverStack::setItems(const QList<MenuItem>& items) {
+    if (!isShown())
+        return;
+    const bool isNewQuery = takesNewQuery(items);
+    panel(0).setItems(items);
+    placeRoot();
+    if (isNewQuery)
+        showFirstFound();
+    else
+        refreshSubmenus();
+    emit changed();
+}
+
+bool PopoverStack::takesNewQuery(const QList<MenuItem>& items) {
+    const SearchField* field = panel(0).searchField();
+    const QString answered = field ? field->text() : QString();
+    const QString query = queryOf(items);
+    const bool isAnother = answered != m_answeredQuery || query != m_itemsQuery;
+    m_answeredQuery = answered;
+    m_itemsQuery = query;
+    return isAnother && field;
+}
+
+/// Return then takes what is found first.
+void PopoverStack::showFirstFound() {
+    closeSubmenus(0);
+    list(0).highlight(list(0).rows().first(), Reveal::yes);
+    list(0).scrollToTop();
+}
+
+/// A submenu stays open as long as its item is there. A lazy one is asked for again, and shows
+/// what it has until then.
+void PopoverStack::refreshSubmenus() {
+    for (int level = 0; level + 1 < m_depth; ++level) {
+        const int row = list(level).openRow();
+        const MenuItem item = row == PopoverRows::none ? MenuItem() : list(level).rows().item(row);
+        if (!item.hasSubmenu())
+            return closeSubmenus(level);
+        if (item.submenu.isEmpty()) {
+            emit submenuOpening(item.identifier);
+        } else {
+            panel(level + 1).setItems(item.submenu);
+            placeSubmenu(level + 1);
+        }
     }
 }
 
 void PopoverStack::fillSubmenu(const QString& identifier, const QList<MenuItem>& items) {
-    for (std::size_t level = 0; level < m_levels.size(); ++level) {
-        if (!fillSubmenuItem(m_levels[level]->items, identifier, items))
-            continue;
+    for (int level = 0; level < m_depth; ++level) {
         list(level).fillSubmenu(identifier, items);
-        if (level + 1 < m_levels.size() && m_levels[level + 1]->opener.identifier == identifier) {
-            m_levels[level + 1]->items = items;
-            panel(level + 1).setItems(items);
-            placeSubmenu(level, list(level).rows().findSubmenu(identifier));
-        }
+        const int row = list(level).openRow();
+        const bool isOpen = level + 1 < m_depth && row != PopoverRows::none &&
+                            list(level).rows().item(row).identifier == identifier;
+        if (!isOpen)
+            continue;
+        panel(level + 1).setItems(items.isEmpty() ? placeholder() : items);
+        placeSubmenu(level + 1);
+        if (m_level == level + 1 && activeList().highlighted() == PopoverRows::none)
+            activeList().highlight(activeList().rows().first(), Reveal::yes);
+    }
+    if (isShown())
+        emit changed();
+}
+
+void PopoverStack::warmUp(const QList<MenuItem>& items) {
+    useShape(isComposited() ? PanelFrame::Shape::blended : PanelFrame::Shape::square);
+    for (int level : {0, 1}) {
+        PopoverPanel& warmed = ensurePanel(level);
+        warmed.setItems(items);
+        warmed.resize(warmed.wantedSize());
+        warmed.winId();
+        warmed.grab();
+    }
+    release();
+}
+
+/// Told once for each opening, when everything is hidden and the grabs are given back.
+void PopoverStack::hide() {
+    const int depth = std::exchange(m_depth, 0);
+    if (depth == 0)
         return;
+    m_level = 0;
+    for (int level = depth - 1; level >= 0; --level)
+        panel(level).hide();
+    emit hidden();
+}
+
+void PopoverStack::release() {
+    for (const auto& kept : m_panels) {
+        kept->setItems({});
+        if (kept != m_panels.front())
+            kept->setName({});
     }
 }
 
-void PopoverStack::openSubmenu(std::size_t level, int row) {
-    const MenuItem item = list(level).rows().at(row).item;
-    if (level < top() && isSameItem(m_levels[level + 1]->opener, item))
+void PopoverStack::repaint() {
+    for (int level = 0; level < m_depth; ++level)
+        list(level).update();
+}
+
+bool PopoverStack::isSelectable(const Spot& spot) {
+    return spot.level >= 0 && spot.level < m_depth &&
+           list(spot.level).rows().isSelectable(spot.row);
+}
+
+PopoverStack::Spot PopoverStack::spotAt(const QPoint& global) {
+    for (int level = m_depth - 1; level >= 0; --level)
+        if (panel(level).place().contains(global))
+            return {level, list(level).rowAt(list(level).mapFromGlobal(global))};
+    return {};
+}
+
+void PopoverStack::highlight(const Spot& spot, Reveal reveal) {
+    setLevel(spot.level);
+    list(spot.level).highlight(spot.row, reveal);
+}
+
+void PopoverStack::setLevel(int level) {
+    m_level = std::clamp(level, 0, std::max(0, m_depth - 1));
+    for (int other = 0; other < m_depth; ++other)
+        list(other).setActive(other == m_level);
+}
+
+void PopoverStack::activate(const Spot& spot, By by) {
+    if (!isSelectable(spot))
         return;
-    closeSubmenusAbove(level);
-    addLevel(PopoverPanel::Level::submenu);
-    m_levels.back()->opener = item;
-    list(level).setOpenSubmenu(row);
-    showSubmenu(level, row);
-    panel(level + 1).show();
-}
-
-/// Whoever fills a lazy submenu may do so at once or later.
-void PopoverStack::showSubmenu(std::size_t level, int row) {
-    const MenuItem item = list(level).rows().at(row).item;
-    m_levels[level + 1]->opener = item;
-    const QList<MenuItem> known = item.submenu.isEmpty() ? placeholder() : item.submenu;
-    const bool isShown = panel(level + 1).isVisible() && item.submenu.isEmpty();
-    if (!isShown) { // Otherwise what it shows stays until it is filled anew.
-        m_levels[level + 1]->items = known;
-        panel(level + 1).setItems(known);
-        placeSubmenu(level, row);
-    }
-    if (item.isLazy() && item.submenu.isEmpty())
-        emit submenuOpening(item.identifier);
-}
-
-void PopoverStack::placeSubmenu(std::size_t level, int row) {
-    if (row == PopoverRows::none)
-        return;
-    PopoverPanel& submenu = panel(level + 1);
-    const QRect below = panel(level).frameGeometry();
-    const QRect limits = limitsAt(below.center());
-    const QSize size = submenu.wantedSize().boundedTo(limits.size());
-    const int rowTop = list(level).mapToGlobal(list(level).placeOf(row).topLeft()).y();
-    const int after = below.right() + 1 - submenuOverlap;
-    const int before = below.left() - size.width() + submenuOverlap;
-    const bool fitsAfter = after + size.width() - 1 <= limits.right();
-    const bool fitsBefore = before >= limits.left();
-    const bool prefersBefore = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    const bool isBefore = prefersBefore ? fitsBefore || !fitsAfter : fitsBefore && !fitsAfter;
-    const QPoint corner(isBefore ? before : after, rowTop - PopoverMetrics::edge);
-    submenu.setGeometry(movedInto(limits, QRect(corner, size)));
-}
-
-void PopoverStack::closeSubmenusAbove(std::size_t level) {
-    while (m_levels.size() > level + 1) {
-        m_levels.back()->panel->hide();
-        m_levels.back()->panel.release()->deleteLater(); // We may be inside one of its events.
-        m_levels.pop_back();
-    }
-    list(level).setOpenSubmenu(PopoverRows::none);
-}
-
-std::optional<MenuItem>
-PopoverStack::find(const std::function<bool(const MenuItem&)>& matches) const {
-    for (const auto& level : m_levels)
-        if (auto found = findItem(level->items, matches))
-            return found;
-    return std::nullopt;
-}
-
-void PopoverStack::refreshPictures() {
-    for (const auto& level : m_levels)
-        level->panel->list().refreshPictures();
-}
-
-void PopoverStack::moveTo(int row) {
-    if (row == PopoverRows::none)
-        return;
-    m_hoverTimer.stop();
-    list(top()).highlight(row);
-}
-
-void PopoverStack::step(int by) {
-    moveTo(list(top()).rows().next(list(top()).highlighted(), by));
-}
-
-void PopoverStack::stepSection(int by) {
-    moveTo(list(top()).rows().nextSection(list(top()).highlighted(), by));
-}
-
-bool PopoverStack::enterSubmenu() {
-    const std::size_t level = top();
-    const int row = list(level).highlighted();
-    if (row == PopoverRows::none || !list(level).rows().at(row).item.hasSubmenu())
-        return false;
-    openSubmenu(level, row);
-    list(level + 1).highlight(list(level + 1).rows().start());
-    return true;
-}
-
-bool PopoverStack::leaveSubmenu() {
-    if (!isSubmenuOpen())
-        return false;
-    closeSubmenusAbove(top() - 1);
-    return true;
-}
-
-bool PopoverStack::driveBy(const QKeyEvent& press) {
-    const bool isMirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    const int page = list(top()).rowsPerPage();
-    switch (press.key()) {
-    case Qt::Key_Down:
-        return step(1), true;
-    case Qt::Key_Up:
-        return step(-1), true;
-    case Qt::Key_PageDown: {
-        const int row = list(top()).highlighted();
-        const int next = list(top()).rows().next(row, page);
-        return moveTo(next < row ? list(top()).rows().last() : next), true;
-    }
-    case Qt::Key_PageUp: {
-        const int row = list(top()).highlighted();
-        const int next = list(top()).rows().next(row, -page);
-        return moveTo(next > row ? list(top()).rows().first() : next), true;
-    }
-    case Qt::Key_Home:
-        return moveTo(list(top()).rows().first()), true;
-    case Qt::Key_End:
-        return moveTo(list(top()).rows().last()), true;
-    case Qt::Key_Tab:
-        return stepSection(1), true;
-    case Qt::Key_Backtab:
-        return stepSection(-1), true;
-    case Qt::Key_Right:
-        return isMirrored ? leaveSubmenu() : enterSubmenu();
-    case Qt::Key_Left:
-        return isMirrored ? enterSubmenu() : leaveSubmenu();
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return activate(top(), list(top()).highlighted()), true;
-    default:
-        return false;
-    }
-}
-
-void PopoverStack::activate(std::size_t level, int row) {
-    if (row == PopoverRows::none || !list(level).rows().at(row).isSelectable())
-        return;
-    const MenuItem item = list(level).rows().at(row).item;
-    if (item.hasSubmenu())
-        enterSubmenu();
-    else
+    const MenuItem item = list(spot.level).rows().item(spot.row);
+    if (!item.hasSubmenu())
         emit chosen(item);
+    else if (spot.level + 1 < m_depth && list(spot.level).openRow() == spot.row)
+        enter(spot.level + 1);
+    else
+        openSubmenu(spot, by);
+}
+
+void PopoverStack::openSubmenu(const Spot& spot, By by) {
+    closeSubmenus(spot.level);
+    if (!isSelectable(spot) || !list(spot.level).rows().item(spot.row).hasSubmenu())
+        return;
+    list(spot.level).setOpenRow(spot.row);
+    const MenuItem item = list(spot.level).rows().item(spot.row);
+    if (item.isLazy())
+        emit submenuOpening(item.identifier); // May fill it, or change everything.
+    if (m_depth != spot.level + 1 || list(spot.level).openRow() == PopoverRows::none)
+        return;
+    showSubmenu(spot.level + 1);
+    if (by == By::keyboard)
+        enter(spot.level + 1);
+}
+
+void PopoverStack::showSubmenu(int level) {
+    PopoverList& parent = list(level - 1);
+    const MenuItem item = parent.rows().item(parent.openRow());
+    const QList<MenuItem>& items = item.submenu;
+    PopoverPanel& shown = ensurePanel(level);
+    shown.setName(item.title);
+    shown.setItems(items.isEmpty() ? placeholder() : items);
+    shown.list().highlight(PopoverRows::none, Reveal::no);
+    shown.list().setOpenRow(PopoverRows::none);
+    shown.list().scrollToTop();
+    m_depth = level + 1;
+    setLevel(m_level);
+    placeSubmenu(level);
+    shown.show();
+    shown.raise();
+    emit changed();
+}
+
+void PopoverStack::enter(int level) {
+    setLevel(level);
+    if (activeList().highlighted() == PopoverRows::none)
+        activeList().highlight(activeList().rows().first(), Reveal::yes);
+    emit changed();
+}
+
+void PopoverStack::closeSubmenus(int level) {
+    if (level < 0 || level >= m_depth)
+        return;
+    list(level).setOpenRow(PopoverRows::none);
+    if (level + 1 >= m_depth)
+        return;
+    for (int closing = std::exchange(m_depth, level + 1) - 1; closing > level; --closing) {
+        panel(closing).hide();
+        panel(closing).setItems({});
+    }
+    setLevel(m_level);
+    emit changed();
+}
+
+/// While something is searched for, the panel does not shrink with every letter.
+void PopoverStack::placeRoot() {
+    PopoverPanel& root = panel(0);
+    QSize size = root.wantedSize();
+    if (root.searchField() && !root.searchField()->text().isEmpty())
+        size = size.expandedTo(root.place().size());
+    const QRect place = m_anchor.resized(root.place(), size, limits());
+    if (place != root.place())
+        root.setPlace(place);
+}
+
+/// An open submenu keeps its side; a new one takes the side of the one before.
+void PopoverStack::placeSubmenu(int level) {
+    PopoverPanel& placed = panel(level);
+    const QSize size = placed.wantedSize();
+    if (placed.isVisible()) {
+        QRect place(placed.place().topLeft(), size);
+        if (m_sides[std::size_t(level)] == PanelSide::left)
+            place.moveRight(placed.place().right());
+        return placed.setPlace(movedInto(limits(), place));
+    }
+    const PopoverList& parent = list(level - 1);
+    const QRect row = parent.placeOf(parent.openRow());
+    const bool isMirrored = QGuiApplication::isRightToLeft();
+    const PanelSide first = isMirrored ? PanelSide::left : PanelSide::right;
+    const PanelSide wanted = level > 1 ? m_sides[std::size_t(level) - 1] : first;
+    const SubmenuPlace found =
+        placedBeside(panel(level - 1).place(), row.translated(parent.mapToGlobal(QPoint())), size,
+                     wanted, limits());
+    m_sides[std::size_t(level)] = found.side;
+    placed.setPlace(found.place);
 }
 
 } // namespace quorvel

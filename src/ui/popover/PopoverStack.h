@@ -1,106 +1,106 @@
 #pragma once
 
+#include "ui/popover/PanelPlacement.h"
 #include "ui/popover/PopoverPanel.h"
 
-#include <QTimer>
+#include <QPointer>
+#include <QScreen>
 
-#include <functional>
 #include <memory>
-#include <optional>
-
-class QMouseEvent;
-class QWheelEvent;
+#include <vector>
 
 namespace quorvel {
 
-/// The panels of the open popover, the root and one for each open submenu, and the highlight that
-/// keys and pointer move through them. The root gets every event; the others only show.
+/// The panels of the popover: the first one and the open submenus, each beside the one before.
+/// Knows which of them the keyboard is at. Whatever it emits may change or close it.
 class PopoverStack final : public QObject {
     Q_OBJECT
 
 public:
+    using Reveal = PopoverList::Reveal;
+
+    /// A row of one of the panels.
+    struct Spot {
+        int level = -1; ///< -1 outside of all panels.
+        int row = PopoverRows::none;
+
+        bool operator==(const Spot&) const = default;
+    };
+
+    enum class By { keyboard, pointer };
+
     explicit PopoverStack(const PopoverContext& context);
+    ~PopoverStack() override;
 
-    PopoverPanel& root() { return *m_levels.front()->panel; }
-
-    /// Shows the root panel beside the pointer, wholly on one screen.
-    void open(const QList<MenuItem>& tree, QPoint pointer);
-    void update(const QList<MenuItem>& tree);
+    void open(const QList<MenuItem>& items, QPoint pointer);
+    void setItems(const QList<MenuItem>& items);
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items);
-    void close();
+    void warmUp(const QList<MenuItem>& items);
+    void hide();
 
-    /// Lays everything out and paints it once, unseen.
-    void warmUp(const QList<MenuItem>& tree);
+    /// Forgets all items. Only while hidden.
+    void release();
+    void repaint();
 
-    /// Whether the key drove the popover. Typing is left to the search field.
-    bool driveBy(const QKeyEvent& press);
+    bool isShown() const { return m_depth > 0; }
+    int depth() const { return m_depth; }
+    int level() const { return m_level; }
+    PopoverPanel& panel(int level) { return *m_panels[std::size_t(level)]; }
+    PopoverList& list(int level) { return panel(level).list(); }
+    PopoverList& activeList() { return list(m_level); }
+    bool isSelectable(const Spot& spot);
 
-    /// Closes the topmost submenu; false when there is none.
-    bool leaveSubmenu();
+    /// What is at this place of the screen.
+    Spot spotAt(const QPoint& global);
+    Spot highlighted() { return {m_level, activeList().highlighted()}; }
 
-    bool isSubmenuOpen() const { return m_levels.size() > 1; }
+    /// Moves the highlight, and the keyboard with it.
+    void highlight(const Spot& spot, Reveal reveal);
+    void setLevel(int level);
 
-    /// The enabled item at any level for which `matches` holds.
-    std::optional<MenuItem> find(const std::function<bool(const MenuItem&)>& matches) const;
+    /// Chooses an item, or enters its submenu.
+    void activate(const Spot& spot, By by);
+    void openSubmenu(const Spot& spot, By by);
 
-    void refreshPictures();
-
-    /// The next `update` brings other results: the highlight goes to the first of them.
-    void expectResults() { m_expectsResults = true; }
+    /// Closes the submenus of this level.
+    void closeSubmenus(int level);
 
 signals:
     void chosen(const quorvel::MenuItem& item);
     void submenuOpening(const QString& identifier);
-
-    /// The pointer was pressed beside all panels.
-    void pressedOutside();
+    void searchChanged(const QString& query);
     void painted();
+    void hidden();
+    void keyPressed(QKeyEvent& press);
+    void keyReleased(const QKeyEvent& release);
+    void pointed(QEvent& event);
+
+    /// What is highlighted, shown, or under the pointer is another.
+    void changed();
 
 private:
-    struct Level {
-        std::unique_ptr<PopoverPanel> panel;
-        QList<MenuItem> items;
-        MenuItem opener; ///< The row of the level below that it belongs to.
-    };
-
-    PopoverPanel& panel(std::size_t level) { return *m_levels[level]->panel; }
-    PopoverList& list(std::size_t level) { return panel(level).list(); }
-    std::size_t top() const { return m_levels.size() - 1; }
-    void addLevel(PopoverPanel::Level kind);
-
-    void openSubmenu(std::size_t level, int row);
-    void closeSubmenusAbove(std::size_t level);
-    void showSubmenu(std::size_t level, int row);
-    QList<MenuItem> submenuOf(const MenuItem& item) const;
-    void placeSubmenu(std::size_t level, int row);
-    void placeRoot(QPoint pointer);
-    void growRoot();
-    void reopenSubmenus();
-
-    void step(int by);
-    void stepSection(int by);
-    void moveTo(int row);
-    bool enterSubmenu();
-    void activate(std::size_t level, int row);
-
-    void pointerEvent(QEvent* event);
-    void pointerMoved(const QMouseEvent& event);
-    void pointerPressed(const QMouseEvent& event);
-    void pointerReleased(const QMouseEvent& event);
-    void wheelTurned(const QWheelEvent& event);
-    void hover(std::size_t level, int row);
-    void followHover();
-    std::optional<std::size_t> levelAt(QPoint global) const;
+    void useShape(PanelFrame::Shape shape);
+    void addPanel(PanelFrame::Shape shape);
+    PopoverPanel& ensurePanel(int level);
+    void follow(QScreen* screen);
+    QRect limits() const;
+    bool takesNewQuery(const QList<MenuItem>& items);
+    void showFirstFound();
+    void refreshSubmenus();
+    void showSubmenu(int level);
+    void placeRoot();
+    void placeSubmenu(int level);
+    void enter(int level);
 
     const PopoverContext& m_context;
-    std::vector<std::unique_ptr<Level>> m_levels;
-    QTimer m_hoverTimer;
-    QPoint m_lastPointer;
-    std::optional<std::pair<std::size_t, int>> m_pressed;
-    bool m_isDraggingBar = false;
-    std::optional<QPoint> m_touch;
-    bool m_opensUpwards = false;
-    bool m_expectsResults = false;
+    std::vector<std::unique_ptr<PopoverPanel>> m_panels; ///< Kept; the first `m_depth` are shown.
+    std::vector<PanelSide> m_sides;
+    PanelAnchor m_anchor;
+    QPointer<QScreen> m_screen;
+    QString m_itemsQuery;    ///< What the items are the answer to.
+    QString m_answeredQuery; ///< What was in the field when the items were last replaced.
+    int m_depth = 0;
+    int m_level = 0;
 };
 
 } // namespace quorvel
