@@ -24,7 +24,8 @@ void StatusItem::show(const QString& toolTip) {
 /// legible.
 void StatusItem::setIcon(const QString& name) {
     const QColor neutral(0x7f, 0x8b, 0x9c);
-    const QIcon symbol = m_icons.symbol(name, neutral);
+    const bool isOurs = name == QLatin1StringView("quorvel");
+    const QIcon symbol = isOurs ? QIcon() : m_icons.symbol(name, neutral);
     m_icon = symbol.isNull() ? m_icons.application() : symbol;
     if (m_trayIcon)
         m_trayIcon->setIcon(m_icon);

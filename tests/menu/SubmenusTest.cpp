@@ -137,7 +137,7 @@ TEST_F(SubmenusTest, OptionModeKnowsWhatSuitsPicturesAndSnippets) {
     state.isOptionMode = true;
     const auto advanced = [&](const QString& source) { return items(advancedIdentifier % source); };
     EXPECT_EQ(outlineOf(advanced(idText(first().id))),
-              QStringLiteral("(Image)|-|1: Image|Edit and Paste…|Paste and Keep Clipboard|-|"
+              QStringLiteral("(Image)|-|1: Image|Paste and Keep Clipboard|-|"
                              "Pin|Pin for an Hour|Pin for a Day"));
     EXPECT_EQ(waysToPaste(advanced(idText(root))),
               QStringLiteral("root=normal|Paste as Plain Text=plainText|"

@@ -49,6 +49,9 @@ public:
     int first() const { return next(m_start - 1, 1); }
     int last() const { return next(count(), -1); }
 
+    /// The first selectable row that pastes something, or none.
+    int firstPaste() const;
+
     /// The selectable row that is nearest to this place.
     int nearest(int y) const;
 
