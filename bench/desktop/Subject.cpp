@@ -47,6 +47,10 @@ QString Subject::journal() const {
     return m_desktop.dataHome() + QStringLiteral("/QuorvelMenuBar/clipboard-history.journal");
 }
 
+QString Subject::snippetsFile() const {
+    return m_desktop.dataHome() + QStringLiteral("/QuorvelMenuBar/snippets.json");
+}
+
 QString Subject::preferencesFile() const {
     return m_desktop.configHome() + QStringLiteral("/QuorvelMenuBar/preferences.json");
 }

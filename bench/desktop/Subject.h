@@ -25,6 +25,7 @@ public:
 
     QString journal() const;
     QString preferencesFile() const;
+    QString snippetsFile() const;
 
 private:
     PrivateDesktop& m_desktop;

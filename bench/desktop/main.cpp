@@ -5,6 +5,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUuid>
 
 #include <algorithm>
 #include <cstdio>
@@ -23,11 +27,44 @@ void report(const char* what, const char* unit, double goal, std::vector<double>
     std::fflush(stdout);
 }
 
-void prepare(const Subject& subject) {
-    QDir().mkpath(QFileInfo(subject.preferencesFile()).path());
-    QFile file(subject.preferencesFile());
+void write(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
     if (file.open(QIODevice::WriteOnly))
-        file.write(R"({"clipboardHistoryLimit": 50, "debug.menuTimings": true})");
+        file.write(bytes);
+}
+
+enum class Form { popover, native };
+
+void choose(const Subject& subject, Form form) {
+    write(subject.preferencesFile(),
+          QByteArrayLiteral(R"({"clipboardHistoryLimit": 50, "debug.menuTimings": true,)") +
+              R"("customMenuEnabled": )" + (form == Form::popover ? "true}" : "false}"));
+}
+
+QJsonObject snippet(int number) {
+    const QString text = QStringLiteral("Snippet %1 says hello to everybody").arg(number);
+    return {{QStringLiteral("id"), QUuid::createUuid().toString(QUuid::WithoutBraces)},
+            {QStringLiteral("title"), QStringLiteral("Snippet %1").arg(number)},
+            {QStringLiteral("text"), text}};
+}
+
+/// A thousand snippets in fifty groups.
+void prepareSnippets(const Subject& subject) {
+    QJsonArray groups;
+    for (int group = 0; group < 50; ++group) {
+        QJsonArray snippets;
+        for (int i = 0; i < 20; ++i)
+            snippets.append(snippet(group * 20 + i));
+        groups.append(
+            QJsonObject{{QStringLiteral("id"), QUuid::createUuid().toString(QUuid::WithoutBraces)},
+                        {QStringLiteral("name"), QStringLiteral("Group %1").arg(group)},
+                        {QStringLiteral("snippets"), snippets}});
+    }
+    write(subject.snippetsFile(),
+          QJsonDocument(QJsonObject{{QStringLiteral("rootSnippets"), QJsonArray()},
+                                    {QStringLiteral("groups"), groups}})
+              .toJson());
 }
 
 /// What one copy in a burst took.
@@ -94,23 +131,74 @@ void measureCopyCost(PrivateDesktop& desktop, const Subject& subject) {
     report("processor time of a copy of 1 KB", "ms", 1.5, {used / copies});
 }
 
-void measureMenu(PrivateDesktop& desktop, const Subject& subject) {
+void press(PrivateDesktop& desktop, const QString& keys) {
+    desktop.run(QStringLiteral("xdotool"), {QStringLiteral("key"), keys});
+}
+
+/// Milliseconds between two lines that the program says about its menu.
+double timeBetween(const Subject& subject, qsizetype seen, const QByteArray& from,
+                   const QByteArray& to) {
+    timeUntil([&] { return subject.log().mid(seen).contains(from); });
+    const double start = now();
+    timeUntil([&] {
+        const QByteArray said = subject.log().mid(seen);
+        return said.indexOf(to, said.indexOf(from)) >= 0;
+    });
+    return now() - start;
+}
+
+void openMenu(PrivateDesktop& desktop, const Subject& subject, std::vector<double>& painted) {
+    const qsizetype seen = subject.log().size();
+    const auto keys = desktop.start(QStringLiteral("xdotool"),
+                                    {QStringLiteral("key"), QStringLiteral("super+shift+v")});
+    painted.push_back(timeBetween(subject, seen, "[MenuPerf] open", "first-paint"));
+    waitUntil([&] { return !keys->isRunning(); });
+}
+
+void closeMenu(PrivateDesktop& desktop, const Subject& subject) {
+    const qsizetype seen = subject.log().size();
+    while (!subject.log().mid(seen).contains("[MenuPerf] close")) {
+        press(desktop, QStringLiteral("Escape")); // The first one empties the search.
+        waitUntil([&] { return subject.log().mid(seen).contains("[MenuPerf] close"); }, 100ms);
+    }
+}
+
+void measureMenu(PrivateDesktop& desktop, const Subject& subject, const char* form) {
     std::vector<double> painted;
     for (int i = 0; i < 20; ++i) {
-        const qsizetype seen = subject.log().size();
-        const auto keys = desktop.start(QStringLiteral("xdotool"),
-                                        {QStringLiteral("key"), QStringLiteral("super+shift+v")});
-        timeUntil([&] { return subject.log().mid(seen).contains("[MenuPerf] open"); });
-        const double opened = now();
-        timeUntil([&] { return subject.log().mid(seen).contains("first-paint"); });
-        painted.push_back(now() - opened);
-        waitUntil([&] { return !keys->isRunning(); });
-        desktop.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Escape")});
-        timeUntil([&] { return subject.log().mid(seen).contains("[MenuPerf] close"); });
+        openMenu(desktop, subject, painted);
+        closeMenu(desktop, subject);
     }
+    std::printf("%s\n", form);
     report("first opening of the menu to painted", "ms", 12, {painted.front()});
     painted.erase(painted.begin());
     report("opening of the menu to painted", "ms", 12, painted);
+}
+
+void measureSearch(PrivateDesktop& desktop, const Subject& subject) {
+    std::vector<double> ignored;
+    std::vector<double> found;
+    openMenu(desktop, subject, ignored);
+    for (const char* key : {"x", "space", "1", "BackSpace", "2", "BackSpace", "3", "BackSpace"}) {
+        const qsizetype seen = subject.log().size();
+        const auto keys = desktop.start(QStringLiteral("xdotool"),
+                                        {QStringLiteral("key"), QString::fromLatin1(key)});
+        found.push_back(timeBetween(subject, seen, "] search", "] paint"));
+        waitUntil([&] { return !keys->isRunning(); });
+    }
+    closeMenu(desktop, subject);
+    report("key in the search to painted results", "ms", 4, found);
+}
+
+void measureManyOpenings(PrivateDesktop& desktop, const Subject& subject, int count) {
+    std::vector<double> ignored;
+    const double before = costOf(subject.pid()).pssMegabytes;
+    for (int i = 0; i < count; ++i) {
+        openMenu(desktop, subject, ignored);
+        closeMenu(desktop, subject);
+    }
+    report("memory (PSS) grown by as many openings", "MB", 0.5,
+           {costOf(subject.pid()).pssMegabytes - before});
 }
 
 void measureIdle(const Subject& subject, std::chrono::seconds span) {
@@ -125,10 +213,27 @@ void measureIdle(const Subject& subject, std::chrono::seconds span) {
     report("memory (PSS), idle, 200 clips", "MB", 25, {after.pssMegabytes});
 }
 
+/// With 200 clips of 10 KB, pictures among them, and a thousand snippets.
+void measureFullMenus(PrivateDesktop& desktop, Subject& subject) {
+    prepareSnippets(subject);
+    for (const Form form : {Form::popover, Form::native}) {
+        choose(subject, form);
+        subject.start();
+        if (form == Form::popover)
+            followBurst(desktop, subject, QString(10000, QLatin1Char('x')), 200);
+        waitUntil([] { return false; }, 1s); // prepared in its idle time, as for a user
+        measureMenu(desktop, subject,
+                    form == Form::popover ? "popover, much in it" : "native menu, much in it");
+        measureSearch(desktop, subject);
+        measureManyOpenings(desktop, subject, 200);
+        subject.end();
+    }
+}
+
 void measureAll(std::chrono::seconds idleSpan) {
     PrivateDesktop desktop({.tray = TrayHost::tint2, .sessionBus = true});
     Subject subject(desktop);
-    prepare(subject);
+    choose(subject, Form::popover);
     subject.start();
     measureCopyCost(desktop, subject);
     measureCopies(desktop, subject);
@@ -141,8 +246,10 @@ void measureAll(std::chrono::seconds idleSpan) {
     report("start to first capture possible", "ms", 60, starts);
     subject.start();
     measureIdle(subject, idleSpan);
-    measureMenu(desktop, subject);
+    measureMenu(desktop, subject, "popover");
     report("memory (PSS) after 20 openings", "MB", 25, {costOf(subject.pid()).pssMegabytes});
+    subject.end();
+    measureFullMenus(desktop, subject);
 }
 
 } // namespace

@@ -59,9 +59,10 @@ QString lastCharacters(const QString& text, int count) {
     return window.mid(startOfLast(window, count));
 }
 
+/// Control characters, and the separators of lines and paragraphs.
 bool breaksLine(QChar c) {
-    return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
-           c.category() == QChar::Separator_Paragraph;
+    const char16_t unit = c.unicode();
+    return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == 0x2028 || unit == 0x2029;
 }
 
 /// Bidirectional embeddings, overrides and isolates: in a title they would reorder the menu.

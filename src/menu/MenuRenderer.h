@@ -57,7 +57,7 @@ signals:
     /// A modifier key went down or up while the menu is open.
     void modifiersChanged(quorvel::Modifiers held);
 
-    /// The first frame of the open menu is on the screen.
+    /// The first frame since the menu was opened or updated is on the screen.
     void painted();
 
     /// The menu is gone. Emitted once for each opening, before `chosen`.

@@ -41,10 +41,9 @@ void MenuTimings::hydrated(const QString& submenu, qsizetype chunk, qsizetype ch
     reached(QStringLiteral("first-hydrate[%1] chunk=%2/%3").arg(submenu).arg(chunk).arg(chunks));
 }
 
-void MenuTimings::firstPaint() {
-    if (std::exchange(m_didLogMenuFirstPaint, true))
-        return;
-    reached(QStringLiteral("first-paint"));
+void MenuTimings::painted() {
+    reached(std::exchange(m_didLogMenuFirstPaint, true) ? QStringLiteral("paint")
+                                                        : QStringLiteral("first-paint"));
 }
 
 void MenuTimings::closed() {

@@ -23,8 +23,8 @@ public:
     /// A part of a submenu was filled; told once for each opening.
     void hydrated(const QString& submenu, qsizetype chunk, qsizetype chunks) const;
 
-    /// The first frame; told once for each opening.
-    void firstPaint();
+    /// A frame since the opening or an update; the first one is told as such.
+    void painted();
     void closed();
 
 private:

@@ -26,7 +26,7 @@ StatusMenuController::StatusMenuController(Parts parts)
             &StatusMenuController::followModifiers);
     connect(&m_renderer, &MenuRenderer::closed, this, &StatusMenuController::menuDidClose);
     connect(&m_renderer, &MenuRenderer::chosen, this, &StatusMenuController::chosen);
-    connect(&m_renderer, &MenuRenderer::painted, this, [this] { m_timings.firstPaint(); });
+    connect(&m_renderer, &MenuRenderer::painted, this, [this] { m_timings.painted(); });
 }
 
 void StatusMenuController::toggle(MenuVariant variant) {
@@ -103,8 +103,10 @@ void StatusMenuController::rebuildNow() {
 }
 
 void StatusMenuController::search(const QString& query) {
-    if (std::exchange(m_state.searchQuery, query) != query)
-        rebuild();
+    if (std::exchange(m_state.searchQuery, query) == query)
+        return;
+    m_timings.reached(QStringLiteral("search"));
+    rebuild();
 }
 
 /// Control changes what the titles promise only when the menu is built.

@@ -45,6 +45,7 @@ void MenuWidget::setItems(const QList<MenuItem>& items) {
     const QAction* highlighted = activeAction();
     const MenuItem highlightedItem = highlighted ? rowOf(*highlighted).item : MenuItem{};
     const bool isNewQuery = takesNewQuery(items);
+    m_awaitsFrame = m_awaitsFrame || isVisible();
     measure(items);
     {
         const QScopedValueRollback filling(m_isFilling, true);
@@ -93,7 +94,7 @@ void MenuWidget::release() {
 }
 
 void MenuWidget::popUpAt(QPoint pointer) {
-    m_awaitsFirstPaint = true;
+    m_awaitsFrame = true;
     ensurePolished();
     setMinimumWidth(0);
     const QSize size = sizeHint();
@@ -168,7 +169,7 @@ void MenuWidget::keyReleaseEvent(QKeyEvent* event) {
 
 void MenuWidget::paintEvent(QPaintEvent* event) {
     QMenu::paintEvent(event);
-    if (!std::exchange(m_awaitsFirstPaint, false))
+    if (!std::exchange(m_awaitsFrame, false))
         return;
     QMetaObject::invokeMethod(this, &MenuWidget::painted, Qt::QueuedConnection);
 }

@@ -118,7 +118,7 @@ private:
     QString m_itemsQuery;    ///< What the items are the answer to.
     int m_wideRow = 0;
     int m_keyColumn = 0;
-    bool m_awaitsFirstPaint = false;
+    bool m_awaitsFrame = false;
 };
 
 } // namespace quorvel

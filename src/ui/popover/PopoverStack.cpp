@@ -114,6 +114,7 @@ void PopoverStack::setItems(const QList<MenuItem>& items) {
     if (!isShown())
         return;
     const bool isNewQuery = takesNewQuery(items);
+    list(0).expectFrame();
     panel(0).setItems(items);
     placeRoot();
     if (isNewQuery)
