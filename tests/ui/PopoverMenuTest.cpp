@@ -265,9 +265,15 @@ TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
 }
 
 TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
-    answerSearches({QStringLiteral("a")});
-    open(searchable({QStringLiteral("a")}) << submenu(QStringLiteral("more"), clips(2)));
+    MenuItem hint = clip(QStringLiteral("hint")); // Above the field: no result.
+    hint.kind = MenuItemKind::hint;
+    QObject::connect(&menu(), &MenuRenderer::searchChanged, &menu(), [&](const QString& query) {
+        menu().update(QList<MenuItem>{hint} + searchable({}, query));
+    });
+    open(QList<MenuItem>{hint} + searchable({QStringLiteral("a")})
+         << submenu(QStringLiteral("more"), clips(2)));
     pressKeys("Up");
+    ASSERT_TRUE(comesTo(root(), QStringLiteral("more")));
     pressKeys("Right");
     ASSERT_TRUE(showsPanels(2));
     EXPECT_TRUE(comesTo(deepest(), QStringLiteral("clip 0")));
@@ -275,7 +281,7 @@ TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
     ASSERT_TRUE(showsPanels(1));
     pressKeys("x"); // Without a match.
     ASSERT_TRUE(asked({QStringLiteral("x")}));
-    pressKeys("Return");
+    pressKeys("Return"); // Chooses nothing.
     pressKeys("Escape");
     ASSERT_TRUE(asked({QStringLiteral("x"), QString()}));
     EXPECT_TRUE(menu().isOpen());

@@ -136,7 +136,7 @@ bool PopoverStack::takesNewQuery(const QList<MenuItem>& items) {
 /// Return then takes what is found first.
 void PopoverStack::showFirstFound() {
     closeSubmenus(0);
-    list(0).highlight(list(0).rows().first(), Reveal::yes);
+    list(0).highlight(list(0).rows().firstFound(), Reveal::yes);
     list(0).scrollToTop();
 }
 
