@@ -359,6 +359,36 @@ TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight)
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen clip 2")}));
 }
 
+TEST_F(PopoverMenuTest, modifiersAreToldAndItsHotKeyClosesItUnlessItOnlyRepeats) {
+    QList<Modifiers> told;
+    QObject::connect(&menu(), &MenuRenderer::modifiersChanged, &menu(),
+                     [&](Modifiers held) { told.append(held); });
+    constexpr quint32 hotKey = 55;
+    menu().setClosingKey(hotKey, Modifier::command);
+    const auto focus = [] {
+        return uiDesktop()
+            .run(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")})
+            .output;
+    };
+    const QByteArray focusBefore = focus();
+    open(searchable({QStringLiteral("a")}));
+    EXPECT_EQ(focus(), focusBefore);
+    pressKeys("Alt_L");
+    EXPECT_TRUE(waitUntil([&] { return told == QList<Modifiers>{Modifier::option, Modifiers()}; }));
+    const auto send = [](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_V, Qt::MetaModifier, hotKey, 0, 0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(&root(), &event);
+    };
+    send(QEvent::KeyRelease, 1000);
+    send(QEvent::KeyPress, 1000);
+    EXPECT_TRUE(menu().isOpen());
+    send(QEvent::KeyRelease, 1040);
+    send(QEvent::KeyPress, 1200);
+    EXPECT_FALSE(menu().isOpen());
+    EXPECT_EQ(events(), QStringList(QStringLiteral("closed")));
+}
+
 TEST_F(PopoverMenuTest, rightToLeftLayoutsAreMirrored) {
     QApplication::setLayoutDirection(Qt::RightToLeft);
     const QRect limits = QApplication::primaryScreen()->availableGeometry();
