@@ -3,7 +3,6 @@
 #include "clipboard/EntryCoder.h"
 #include "clipboard/HistoryStore.h"
 #include "foundation/Files.h"
-#include "menu/StatusMenu.h"
 
 #include <benchmark/benchmark.h>
 
@@ -46,21 +45,10 @@ void insertOne(benchmark::State& state) {
         rig.insert(text + QString::number(++i));
 }
 
-void buildMenu(benchmark::State& state) {
-    CoreRig rig;
-    fill(rig, int(state.range(0)));
-    const StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
-    const ShownTexts shownTexts;
-    const MenuContent content{rig.history, rig.preferences, strings, rig.clock, shownTexts};
-    for (auto _ : state)
-        benchmark::DoNotOptimize(statusMenu(content, MenuVariant::main, {}));
-}
-
 } // namespace
 
 BENCHMARK(load)->Arg(1024)->Unit(benchmark::kMillisecond);
 BENCHMARK(save)->Arg(1024)->Unit(benchmark::kMillisecond);
 BENCHMARK(insertOne)->Arg(1024)->Unit(benchmark::kMicrosecond);
-BENCHMARK(buildMenu)->Arg(1024)->Arg(1024 * 1024)->Unit(benchmark::kMicrosecond);
 
 } // namespace quorvel::testing

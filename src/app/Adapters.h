@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "platform/Appearance.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
@@ -21,6 +22,7 @@ struct Adapters {
     TrayIcon& statusItem;
     MenuRenderer& menu;
     Desktop& desktop;
+    Appearance& appearance;
     const TextServices& textServices;
 };
 

@@ -74,10 +74,17 @@ bool AppDelegate::applicationDidFinishLaunching() {
 QList<LaunchStep> AppDelegate::launchSteps() {
     const auto& strings = m_environment.strings;
     return {
-        {QStringLiteral("preferences"), [this] { m_preferenceStore.load(); }},
+        {QStringLiteral("preferences"),
+         [this] {
+             m_preferenceStore.load();
+             m_adapters.appearance.apply(themePreset(m_preferences));
+         }},
         {QStringLiteral("accessibility trust"), [this] { logAccessibilityTrust(); }},
         {QStringLiteral("status item"),
-         [&] { m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip"))); }},
+         [&] {
+             m_adapters.statusItem.setIcon(menuBarIcon(m_preferences));
+             m_adapters.statusItem.show(strings.text(QStringLiteral("app.tooltip")));
+         }},
         {QStringLiteral("data folder"), [this] { prepareFolder(); }},
         {QStringLiteral("snippets"), [this] { m_store.load(); }},
         {QStringLiteral("history"),
@@ -220,6 +227,7 @@ void AppDelegate::wireControl() {
                                       .pasteEngine = m_pasteEngine,
                                       .hotKeys = m_hotKeys,
                                       .menu = m_menu,
+                                      .content = menuContent(),
                                       .quit = [this] { emit quitRequested(); },
                                   });
 }

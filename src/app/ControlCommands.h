@@ -11,17 +11,18 @@ struct ControlledParts {
     PreferenceStore& preferences;
     ClipboardHistory& history;
     HistoryStore& historyStore;
-    const SnippetStore& store;
+    SnippetStore& store;
     const SmartFolderClipboard& smartFolders;
     PasteboardWatcher& watcher;
     FocusTracker& focus;
     PasteEngine& pasteEngine;
     GlobalHotKeys& hotKeys;
     StatusMenuController& menu;
+    MenuContent content;
     std::function<void()> quit;
 };
 
-/// Teaches the server every command: list, show, copy, paste, status, quit.
+/// Teaches the server every command.
 void addControlCommands(ControlServer& server, const ControlledParts& parts);
 
 } // namespace quorvel

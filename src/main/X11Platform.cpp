@@ -9,6 +9,7 @@
 #include "platform/x11/X11Workspace.h"
 #include "ui/Icons.h"
 
+#include "ui/QtAppearance.h"
 #include "ui/QtDesktop.h"
 #include "ui/StatusItem.h"
 #include "ui/SwitchingMenu.h"
@@ -25,7 +26,7 @@ struct X11Platform::Parts {
               connection, mainQueue, hotKeys,
               {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
         , menu(icons, strings)
-        , statusItem(strings, icons.application()) {
+        , statusItem(strings, icons) {
         menu.setKeyPositions(hotKeys);
         connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
                 &StatusItem::setEmbedderPresent);
@@ -43,6 +44,7 @@ struct X11Platform::Parts {
     X11TrayWatcher trayWatcher;
     StatusItem statusItem;
     QtDesktop desktop;
+    QtAppearance appearance;
 };
 
 X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
@@ -55,9 +57,9 @@ X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQue
 X11Platform::~X11Platform() = default;
 
 Adapters X11Platform::adapters() {
-    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace,
-            m_parts->keyPoster,    m_parts->hotKeys,    m_parts->statusItem,
-            m_parts->menu,         m_parts->desktop,    m_textServices};
+    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
+            m_parts->hotKeys,      m_parts->statusItem, m_parts->menu,      m_parts->desktop,
+            m_parts->appearance,   m_textServices};
 }
 
 void X11Platform::warmUp() {

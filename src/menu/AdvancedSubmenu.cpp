@@ -89,9 +89,10 @@ QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& b
     QList<MenuItem> items = pasteItems(clipItem(entry, build), idText(entry.id), build);
     constexpr qsizetype normalRow = 2;
     items[normalRow].keyEquivalent = recentKey(entry, build);
-    if (entry.isImage())
+    if (entry.isImage()) // It is no text to strip or to edit.
         items.removeIf([](const MenuItem& item) {
-            return item.representedObject.endsWith(rawName(PasteOption::plainText));
+            return item.representedObject.endsWith(rawName(PasteOption::plainText)) ||
+                   item.representedObject.endsWith(rawName(PasteOption::withEdit));
         });
     if (build.content().history.entry(entry.id))
         items += QList<MenuItem>{MenuItem::separator()} + pinItems(entry, build);

@@ -31,17 +31,23 @@ QString editTitle(const QString& title, const MenuBuild& build) {
 
 } // namespace
 
-QString shownText(const QUuid& id, const QString& text, const MenuContent& content) {
+QString shownText(const RecentClipboardEntry& entry, const MenuContent& content) {
     return content.preferences.isOn(keys::sensitiveDataMaskingEnabled)
-               ? content.shownTexts.shown(id, text)
-               : text;
+               ? content.shownTexts.shown(entry.id, entry.text)
+               : entry.text;
+}
+
+QString shownText(const Snippet& snippet, const MenuContent& content) {
+    return content.preferences.isOn(keys::sensitiveDataMaskingEnabled)
+               ? content.shownTexts.shownNow(snippet.id, snippet.text)
+               : snippet.text;
 }
 
 QString displayTitle(const RecentClipboardEntry& entry, const MenuContent& content,
                      TitleLength length) {
     if (entry.isImage())
         return content.text("menu.image");
-    return cut(singleLine(shownText(entry.id, entry.text, content)), length);
+    return cut(singleLine(shownText(entry, content)), length);
 }
 
 MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build, QStringView prefix) {
@@ -55,7 +61,7 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build, QSt
     item.imagePNGData = entry.imagePNGData;
     item.symbol = clipSymbol(entry);
     item.colorName = clipColor(entry);
-    item.toolTip = entry.isImage() ? QString() : shownText(entry.id, entry.text, content);
+    item.toolTip = entry.isImage() ? QString() : shownText(entry, content);
     item.isPinned = isPinnedNow(entry, content.clock);
     item.tag = pasteItemTag;
     finish(item, build);
@@ -69,7 +75,7 @@ MenuItem snippetItem(const Snippet& snippet, const QUuid& group, const MenuBuild
     item.action = group.isNull() ? MenuAction::pasteRootSnippet : MenuAction::pasteGroupSnippet;
     item.representedObject = prefix % snippetText(group, snippet.id);
     item.symbol = QStringLiteral("text.quote");
-    item.toolTip = shownText(snippet.id, snippet.text, build.content());
+    item.toolTip = shownText(snippet, build.content());
     item.tag = pasteItemTag;
     finish(item, build);
     return item;

@@ -13,7 +13,8 @@ QString displayTitle(const RecentClipboardEntry& entry, const MenuContent& conte
                      TitleLength length = TitleLength::shortened);
 
 /// The text as it may be shown.
-QString shownText(const QUuid& id, const QString& text, const MenuContent& content);
+QString shownText(const RecentClipboardEntry& entry, const MenuContent& content);
+QString shownText(const Snippet& snippet, const MenuContent& content);
 
 /// A row of a clip. `representedObject` of the row: the entry's id after the prefix.
 MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build,

@@ -6,7 +6,9 @@ FolderSnippets::FolderSnippets(const SnippetStore& store, const SmartDetector& d
                                const SmartPluginRegistry& registry)
     : m_store(store)
     , m_detector(detector)
-    , m_registry(registry) {}
+    , m_registry(registry) {
+    connect(&store, &SnippetStore::changed, this, [this] { m_isCurrent = false; });
+}
 
 const QList<SnippetSource>& FolderSnippets::of(SmartFolderKind folder) const {
     if (!std::exchange(m_isCurrent, true))
@@ -18,10 +20,6 @@ const QList<SnippetSource>& FolderSnippets::of(SmartFolderKind folder) const {
 
 void FolderSnippets::prepare(const QUuid& id, const QString& text) {
     foldersOf(id, text);
-}
-
-void FolderSnippets::invalidate() {
-    m_isCurrent = false;
 }
 
 const QList<SmartFolderKind>& FolderSnippets::foldersOf(const QUuid& id,
@@ -37,7 +35,7 @@ void FolderSnippets::collect() const {
     QHash<QUuid, Known> alive;
     forEachSnippet(m_store, [&](const Snippet& snippet, const QUuid& group) {
         for (const SmartFolderKind folder : foldersOf(snippet.id, snippet.text))
-            m_sources[folder].append({group, snippet.id});
+            m_sources[folder].append({&snippet, group});
         alive.insert(snippet.id, m_known.value(snippet.id));
     });
     m_known = std::move(alive);

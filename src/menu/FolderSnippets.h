@@ -5,18 +5,21 @@
 #include "snippets/SnippetStore.h"
 
 #include <QHash>
+#include <QObject>
 
 namespace quorvel {
 
-/// Where a snippet stands; the group is null for one at the root.
+/// A snippet and where it stands; valid until the library changes.
 struct SnippetSource {
-    QUuid group;
-    QUuid snippet;
+    const Snippet* snippet;
+    QUuid group; ///< Null at the root.
 };
 
 /// Which snippets belong into which smart folder, by what their texts are. Each text is looked at
 /// once; all answers are true to the library as it is now.
-class FolderSnippets {
+class FolderSnippets final : public QObject {
+    Q_OBJECT
+
 public:
     FolderSnippets(const SnippetStore& store, const SmartDetector& detector,
                    const SmartPluginRegistry& registry);
@@ -26,9 +29,6 @@ public:
 
     /// Looks at the text of one snippet now, so that no menu has to wait for it.
     void prepare(const QUuid& id, const QString& text);
-
-    /// To be called when the library has changed.
-    void invalidate();
 
 private:
     struct Known {

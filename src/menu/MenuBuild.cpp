@@ -5,7 +5,9 @@ namespace quorvel {
 MenuBuild::MenuBuild(const MenuContent& content, const MenuState& state)
     : m_content(content)
     , m_state(state)
-    , m_foldedQuery(SearchTexts::foldedForm(state.searchQuery.trimmed())) {}
+    , m_foldedQuery(content.preferences.isOn(keys::menuSearchEnabled)
+                        ? SearchTexts::foldedForm(state.searchQuery.trimmed())
+                        : QByteArray()) {}
 
 bool MenuBuild::matches(const RecentClipboardEntry& entry) const {
     return !isSearching() || isFound(entry.id, entry.isImage() ? text("menu.image") : entry.text);

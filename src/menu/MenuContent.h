@@ -5,8 +5,8 @@
 #include "foundation/StringTable.h"
 #include "menu/FolderSnippets.h"
 #include "menu/MenuVariant.h"
+#include "menu/search/SearchTexts.h"
 #include "platform/Pasteboard.h"
-#include "search/SearchTexts.h"
 #include "smart/masking/ShownTexts.h"
 
 namespace quorvel {

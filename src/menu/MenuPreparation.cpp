@@ -9,10 +9,7 @@ MenuPreparation::MenuPreparation(const MenuContent& content, FolderSnippets& fol
     , m_folderSnippets(folderSnippets)
     , m_mainQueue(mainQueue) {
     connect(&history, &ClipboardHistory::changed, this, &MenuPreparation::start);
-    connect(&snippets, &SnippetStore::changed, this, [this] {
-        m_folderSnippets.invalidate();
-        start();
-    });
+    connect(&snippets, &SnippetStore::changed, this, &MenuPreparation::start);
 }
 
 void MenuPreparation::start() {
@@ -20,19 +17,27 @@ void MenuPreparation::start() {
     m_next = m_mainQueue.after(delay, this, [this] { begin(); });
 }
 
+/// The newest clips are looked for first, so they wait last; a clip in a folder twice costs
+/// nothing.
 void MenuPreparation::begin() {
     m_waiting.clear();
-    for (const RecentClipboardEntry& entry : m_content.history.recentClipboard())
-        if (!entry.isImage())
-            m_waiting.append({entry.id, entry.text});
     forEachSnippet(m_content.snippets, [this](const Snippet& snippet, const QUuid&) {
         m_waiting.append({snippet.id, snippet.text, true});
     });
+    for (const SmartFolderKind folder : m_content.smartFolders.enabledSmartFolders())
+        await(m_content.smartFolders.entries(folder));
+    await(m_content.history.recentClipboard());
     QSet<QUuid> ids;
     for (const Waiting& waiting : m_waiting)
         ids.insert(waiting.id);
     m_content.searchTexts.retain(ids);
     run();
+}
+
+void MenuPreparation::await(const QList<RecentClipboardEntry>& entries) {
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+        if (!entry->isImage())
+            m_waiting.append({entry->id, entry->text});
 }
 
 void MenuPreparation::run() {

@@ -34,6 +34,7 @@ private:
     };
 
     void begin();
+    void await(const QList<RecentClipboardEntry>& entries);
     void run();
     void prepare(const Waiting& text);
 

@@ -32,7 +32,7 @@ void MenuTimings::reached(const QString& label) const {
     if (!m_menuPerfOpenStartUptime)
         return logLine(prefix + label);
     const double seconds = m_clock.uptime() - *m_menuPerfOpenStartUptime;
-    logLine(QStringLiteral("%1%2: +%3ms").arg(prefix, label).arg(qint64(seconds * 1000)));
+    logLine(QStringLiteral("%1%2: +%3ms").arg(prefix, label).arg(qRound64(seconds * 1000)));
 }
 
 void MenuTimings::hydrated(const QString& submenu, qsizetype chunk, qsizetype chunks) const {

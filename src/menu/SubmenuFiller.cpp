@@ -4,9 +4,8 @@ namespace quorvel {
 
 namespace {
 
-qsizetype chunkCount(qsizetype items) {
-    return std::max<qsizetype>(1,
-                               (items + SubmenuFiller::fillChunk - 1) / SubmenuFiller::fillChunk);
+qsizetype chunkCount(qsizetype items, qsizetype perChunk) {
+    return std::max<qsizetype>(1, (items + perChunk - 1) / perChunk);
 }
 
 QStringList emptySubmenus(const QList<MenuItem>& tree, qsizetype most) {
@@ -34,7 +33,7 @@ void SubmenuFiller::scheduleWarmUp(const QList<MenuItem>& tree) {
         warmUpDelay, this,
         [this, generation = m_warmupGeneration, identifiers = emptySubmenus(tree, warmUpItems)] {
             if (generation == m_warmupGeneration)
-                warmUp(identifiers);
+                warmUp(identifiers, 0);
         });
 }
 
@@ -61,7 +60,7 @@ const QList<MenuItem>& SubmenuFiller::items(const QString& identifier) {
 /// Each chunk adds to what stands there already; the rest follows a turn later.
 void SubmenuFiller::fillChunks(const QString& identifier, qsizetype chunk) {
     const QList<MenuItem> all = items(identifier);
-    const qsizetype chunks = chunkCount(all.size());
+    const qsizetype chunks = chunkCount(all.size(), fillChunk);
     m_timings.hydrated(identifier, chunk, chunks);
     m_pendingSubmenuHydration.take(identifier).cancel();
     if (chunk < chunks)
@@ -72,12 +71,17 @@ void SubmenuFiller::fillChunks(const QString& identifier, qsizetype chunk) {
     emit filled(identifier, chunk < chunks ? all.first(chunk * fillChunk) : all);
 }
 
-void SubmenuFiller::warmUp(QStringList identifiers) {
-    for (qsizetype i = 0; i < warmUpChunk && !identifiers.isEmpty(); ++i)
-        items(identifiers.takeFirst());
-    if (!identifiers.isEmpty())
-        m_pendingWarmupWorkItem =
-            m_mainQueue.after({}, this, [this, identifiers] { warmUp(identifiers); });
+/// One chunk a turn, so that the menu stays smooth.
+void SubmenuFiller::warmUp(const QStringList& identifiers, qsizetype chunk) {
+    const QStringList now = identifiers.mid(chunk * warmUpChunk, warmUpChunk);
+    const qsizetype chunks = chunkCount(identifiers.size(), warmUpChunk);
+    for (const QString& identifier : now) {
+        items(identifier);
+        m_timings.hydrated(identifier, chunk + 1, chunks);
+    }
+    if (chunk + 1 < chunks)
+        m_pendingWarmupWorkItem = m_mainQueue.after(
+            {}, this, [this, identifiers, chunk] { warmUp(identifiers, chunk + 1); });
 }
 
 } // namespace quorvel

@@ -44,7 +44,7 @@ signals:
 private:
     const QList<MenuItem>& items(const QString& identifier);
     void fillChunks(const QString& identifier, qsizetype chunk);
-    void warmUp(QStringList identifiers);
+    void warmUp(const QStringList& identifiers, qsizetype chunk);
 
     MainQueue& m_mainQueue;
     const MenuTimings& m_timings;

@@ -22,14 +22,16 @@ struct SmartFolderMenuCandidate {
     qint64 usageCount = 0;
 };
 
-QList<SmartFolderMenuCandidate> candidates(const FolderContent& folder, const MenuBuild& build) {
+QList<SmartFolderMenuCandidate> candidates(SmartFolderKind folder, const MenuBuild& build) {
     QList<SmartFolderMenuCandidate> found;
-    for (const RecentClipboardEntry* entry : folder.entries)
-        found.append({clipItem(*entry, build, smartRecentPrefix), entry->usageCount});
-    for (const auto& [snippet, group] : folder.snippets)
-        found.append({snippetItem(*snippet, group, build,
-                                  group.isNull() ? smartRootPrefix : smartGroupPrefix),
-                      snippet->usageCount});
+    for (const RecentClipboardEntry& entry : build.content().smartFolders.entries(folder))
+        if (build.matches(entry))
+            found.append({clipItem(entry, build, smartRecentPrefix), entry.usageCount});
+    for (const auto& [snippet, group] : build.content().folderSnippets.of(folder))
+        if (build.matches(*snippet))
+            found.append({snippetItem(*snippet, group, build,
+                                      group.isNull() ? smartRootPrefix : smartGroupPrefix),
+                          snippet->usageCount});
     return found;
 }
 
@@ -60,7 +62,7 @@ QList<MenuItem> folderItems(QStringView name, const MenuBuild& build) {
                                      [&](SmartFolderKind kind) { return rawName(kind) == name; });
     if (folder == folders.end())
         return {};
-    QList<SmartFolderMenuCandidate> all = candidates(folderContent(*folder, build), build);
+    QList<SmartFolderMenuCandidate> all = candidates(*folder, build);
     if (all.isEmpty())
         return {MenuItem::disabled(build.text("menu.noMatches"))};
     QList<MenuItem> items = mostUsedItems(all, build);
@@ -106,18 +108,15 @@ QList<const RecentClipboardEntry*> overflowEntries(const MenuBuild& build) {
     return beyond;
 }
 
-FolderContent folderContent(SmartFolderKind folder, const MenuBuild& build) {
-    const MenuContent& content = build.content();
-    FolderContent found;
-    for (const RecentClipboardEntry& entry : content.smartFolders.entries(folder))
-        if (build.matches(entry))
-            found.entries.append(&entry);
-    for (const SnippetSource& source : content.folderSnippets.of(folder)) {
-        const Snippet* snippet = content.snippets.snippet(source.snippet);
-        if (snippet && build.matches(*snippet))
-            found.snippets.append({snippet, source.group});
-    }
-    return found;
+qsizetype folderCount(SmartFolderKind folder, const MenuBuild& build) {
+    const auto& entries = build.content().smartFolders.entries(folder);
+    const auto& snippets = build.content().folderSnippets.of(folder);
+    if (!build.isSearching())
+        return entries.size() + snippets.size();
+    return std::count_if(entries.begin(), entries.end(),
+                         [&](const auto& entry) { return build.matches(entry); }) +
+           std::count_if(snippets.begin(), snippets.end(),
+                         [&](const auto& source) { return build.matches(*source.snippet); });
 }
 
 QList<MenuItem> submenuItems(const QString& identifier, const MenuBuild& build) {

@@ -15,14 +15,8 @@ QList<const RecentClipboardEntry*> overflowEntries(const MenuBuild& build);
 /// How many entries the menu shows before the others go into a submenu.
 qsizetype recentCount(const MenuContent& content);
 
-/// The clips and snippets of a smart folder that the search lets through.
-struct FolderContent {
-    QList<const RecentClipboardEntry*> entries;
-    QList<std::pair<const Snippet*, QUuid>> snippets; ///< With their group; null at the root.
-
-    qsizetype size() const { return entries.size() + snippets.size(); }
-};
-FolderContent folderContent(SmartFolderKind folder, const MenuBuild& build);
+/// How many clips and snippets of a smart folder the search lets through.
+qsizetype folderCount(SmartFolderKind folder, const MenuBuild& build);
 
 /// The items of a submenu, by its identifier; nothing for one that is not known.
 QList<MenuItem> submenuItems(const QString& identifier, const MenuBuild& build);

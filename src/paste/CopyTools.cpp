@@ -41,11 +41,11 @@ void CopyTools::copyClipboardTrimAndCollapse() {
 }
 
 void CopyTools::copyClipboardUppercase() {
-    rewrite([](const QString& text) { return text.toUpper(); });
+    rewrite([](const QString& text) { return QLocale::c().toUpper(text); });
 }
 
 void CopyTools::copyClipboardLowercase() {
-    rewrite([](const QString& text) { return text.toLower(); });
+    rewrite([](const QString& text) { return QLocale::c().toLower(text); });
 }
 
 void CopyTools::copyClipboardTitleCase() {

@@ -58,10 +58,15 @@ void PasteEngine::pasteText(const QString& text, PasteOption option) {
 }
 
 void PasteEngine::paste(const QList<ClipboardSnapshotItem>& items, PasteOption option) {
+    if (option != PasteOption::keepClipboard) {
+        write(items);
+        requestPasteKeystroke();
+        return;
+    }
     const QList<ClipboardSnapshotItem> before = m_pasteboard.items();
     write(items);
     requestPasteKeystroke();
-    if (option == PasteOption::keepClipboard)
+    if (m_keys.isTrusted()) // else the user pastes by hand, and needs the clip there
         restoreLater(before);
 }
 

@@ -13,6 +13,9 @@ public:
     /// Shows the icon as soon as there is a place for it; a place that comes later gets it too.
     virtual void show(const QString& toolTip) = 0;
 
+    /// By the name of an embedded icon; the product's own for a name that is not known.
+    virtual void setIcon(const QString& name) = 0;
+
     /// Where the icon is: "none", "waiting", "xembed" or "statusnotifier".
     virtual QString state() const = 0;
 

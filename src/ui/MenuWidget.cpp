@@ -1,10 +1,10 @@
 #include "ui/MenuWidget.h"
 
 #include "ui/MenuPlacement.h"
+#include "ui/MenuRowLook.h"
 #include "ui/MenuStyle.h"
 #include "ui/MenuText.h"
 #include "ui/MenuTree.h"
-#include "ui/SearchField.h"
 
 #include <QActionEvent>
 #include <QGuiApplication>
@@ -30,58 +30,8 @@ QRect limitsAt(QPoint pointer) {
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
-/// A tool tip below the pointer would cover the rows that come next. Its usual colours do not
-/// follow a dark palette.
-void showBeside(QWidget& menu, const QRect& row, const QString& text) {
-    constexpr QPoint toolTipOffset(2, 16); // The toolkit adds it to make room for the pointer.
-    constexpr int gap = 4;
-    QPalette colours = QToolTip::palette();
-    colours.setColor(QPalette::ToolTipBase, menu.palette().color(QPalette::Base));
-    colours.setColor(QPalette::ToolTipText, menu.palette().color(QPalette::Text));
-    QToolTip::setPalette(colours);
-    const QPoint corner = menu.mapToGlobal(QPoint(menu.width() + gap, row.top()));
-    QToolTip::showText(corner - toolTipOffset, text, &menu, row);
-}
-
 constexpr int mostTextLines = 8;
 constexpr qsizetype mostKnownTitles = 500;
-
-/// Paler than a row to choose, and still to be read well.
-void makeQuiet(QPalette& palette) {
-    constexpr float opacity = 0.6F;
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-        QColor colour = palette.color(QPalette::Active, role);
-        colour.setAlphaF(opacity);
-        palette.setColor(QPalette::Disabled, role, colour);
-    }
-}
-
-bool isKind(const MenuItem& item, MenuItemKind kind) {
-    return item.kind == kind;
-}
-
-bool isEnabledRow(const MenuItem& item) {
-    const bool isHintToChoose = isKind(item, MenuItemKind::hint) && item.action != MenuAction::none;
-    return item.enabled && (isKind(item, MenuItemKind::ordinary) || isHintToChoose);
-}
-
-QFont smallFont(QFont font) {
-    constexpr qreal share = 0.86;
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * share);
-    else
-        font.setPixelSize(qRound(font.pixelSize() * share));
-    return font;
-}
-
-QFont rowFont(const MenuItem& item, const QFont& menuFont) {
-    QFont font;
-    if (isKind(item, MenuItemKind::hint) || isKind(item, MenuItemKind::header))
-        font = smallFont(menuFont);
-    if (isKind(item, MenuItemKind::header))
-        font.setWeight(QFont::DemiBold);
-    return font;
-}
 
 } // namespace
 
@@ -163,16 +113,6 @@ void MenuWidget::popUpAt(QPoint pointer) {
     // A click beside the menu only closes it: without this, a click on our tray icon would close
     // the menu and open it again.
     setAttribute(Qt::WA_NoMouseReplay);
-}
-
-bool MenuWidget::type(QKeyEvent& press) {
-    if (!m_searchIndex)
-        return false;
-    const bool isSubmenuOpen = std::any_of(m_rows.begin(), m_rows.end(), [](const Row& row) {
-        return row.submenu && row.submenu->isVisible();
-    });
-    using Submenu = SearchField::Submenu;
-    return m_search->field().take(press, isSubmenuOpen ? Submenu::open : Submenu::closed);
 }
 
 void MenuWidget::refreshPictures() {
@@ -305,78 +245,6 @@ void MenuWidget::empty(Row& row) {
     row.action->setVisible(false);
 }
 
-void MenuWidget::addSearchRow() {
-    m_search = new SearchRow(this, m_context.icon({.symbol = QStringLiteral("magnifyingglass")}));
-    connect(&m_search->field(), &SearchField::changedByUser, this, &MenuWidget::searchChanged);
-}
-
-/// The widget row stands before the row of its item, which is hidden. It is moved only when it has
-/// to be: that takes the input focus from it.
-void MenuWidget::placeSearchRow(size_t index) {
-    if (!m_search)
-        addSearchRow();
-    const Row& row = m_rows[index];
-    const QList<QAction*> all = actions();
-    if (const qsizetype place = all.indexOf(row.action); place == 0 || all[place - 1] != m_search)
-        insertAction(row.action, m_search);
-    m_search->setData(qulonglong(index));
-    m_search->setLeastWidth(m_wideRow - m_keyColumn);
-    m_search->field().setPlaceholderText(row.item.title);
-    if (!isVisible() || !m_search->isVisible())
-        m_search->field().showText(row.item.representedObject);
-    m_search->setVisible(true);
-    m_searchIndex = index;
-}
-
-/// The menu would move the focus on from a field that hides.
-void MenuWidget::settleSearchRow() {
-    if (!m_search)
-        return;
-    SearchField& field = m_search->field();
-    setFocusProxy(m_searchIndex ? &field : nullptr);
-    if (m_searchIndex)
-        return;
-    field.clearFocus();
-    field.showText({});
-    m_search->setVisible(false);
-}
-
-/// The toolkit gives the focus to the menu whenever the highlight moves.
-void MenuWidget::focusSearchField() {
-    if (m_searchIndex && isVisible() && !m_search->field().hasFocus())
-        m_search->field().setFocus(Qt::PopupFocusReason);
-}
-
-bool MenuWidget::takesNewQuery(const QList<MenuItem>& items) {
-    const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {
-        return isKind(item, MenuItemKind::searchField);
-    });
-    const QString answered = m_searchIndex ? m_search->field().text() : QString();
-    const QString query = search != items.end() ? search->representedObject : QString();
-    const bool isAnother = answered != m_answeredQuery || query != m_itemsQuery;
-    m_answeredQuery = answered;
-    m_itemsQuery = query;
-    return isAnother && isVisible() && m_searchIndex;
-}
-
-/// What fills the width of the menu. The toolkit adds the column of the keys to each row.
-void MenuWidget::measure(const QList<MenuItem>& items) {
-    const bool isNeeded = std::any_of(items.begin(), items.end(), [](const MenuItem& item) {
-        return isKind(item, MenuItemKind::searchField) || isKind(item, MenuItemKind::textBox);
-    });
-    if (!isNeeded)
-        return;
-    const int asked = isVisible() ? width() : measuredMenuWidth(items, fontMetrics(), mostWideRow);
-    m_wideRow = std::clamp(asked, leastWideRow, mostWideRow);
-    m_keyColumn = 0;
-    for (const MenuItem& item : items) {
-        if (!item.keyEquivalent.key.isEmpty())
-            m_keyColumn =
-                std::max(m_keyColumn,
-                         fontMetrics().horizontalAdvance(m_context.keyText(item.keyEquivalent)));
-    }
-}
-
 /// Most submenus are never looked at; until then one empty menu stands for them all.
 void MenuWidget::attachSubmenu(size_t index) {
     const Row& row = m_rows[index];
@@ -426,29 +294,33 @@ void MenuWidget::refreshOpenSubmenu(size_t index, bool isSameItem) {
         m_context.submenuOpening(row.item.identifier);
 }
 
-/// An open menu grows away from the pointer where it was opened.
+/// An open menu grows away from the pointer where it was opened, and gets its new place in one
+/// step.
 void MenuWidget::layOutAgain() {
     if (m_rows.empty())
         return;
-    const int heightBefore = height();
-    if (isVisible() && (m_upperEdge || m_lowerEdge))
-        setMinimumWidth(width()); // It would flutter while the user types.
+    const QSize before = size();
+    if (isVisible())
+        setFixedSize(before); // The toolkit would resize it where it is.
     QActionEvent changed(QEvent::ActionChanged, m_rows.front().action);
     QMenu::actionEvent(&changed);
     if (!isVisible())
         return;
     QToolTip::hideText();
+    const bool isMainMenu = m_upperEdge || m_lowerEdge; // It must not flutter while the user types.
+    setMinimumSize(isMainMenu ? before.width() : 0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     const QRect limits = screen()->availableGeometry();
     const QRect place = placeOfNewSize();
     const QRect shown = movedInto(limits, place);
-    if (std::max(heightBefore, place.height()) >= limits.height())
+    if (std::max(before.height(), place.height()) >= limits.height())
         popup(shown.topLeft()); // Sets up anew what scrolls a menu that is too tall.
     else
         setGeometry(shown);
 }
 
 QRect MenuWidget::placeOfNewSize() const {
-    QRect place = geometry();
+    QRect place(pos(), sizeHint());
     if (m_rightEdge)
         place.moveRight(*m_rightEdge);
     if (m_lowerEdge)
@@ -479,19 +351,6 @@ void MenuWidget::highlightAgain(const MenuItem& item, const QAction* previous) {
                !previous->isVisible()) {
         setActiveAction(nullptr);
     }
-}
-
-void MenuWidget::highlightFirstFound() {
-    for (const Row& row : m_rows)
-        if (row.submenu)
-            row.submenu->hide();
-    const auto first = std::find_if(
-        m_rows.begin() + ptrdiff_t(m_searchIndex.value_or(0)), m_rows.end(),
-        [](const Row& row) { return row.action->isVisible() && row.action->isEnabled(); });
-    if (first == m_rows.end())
-        setActiveAction(nullptr);
-    else if (first->action != activeAction())
-        highlight(*first);
 }
 
 void MenuWidget::showToolTip(const QHelpEvent& help) {

@@ -96,6 +96,11 @@ SearchRow::SearchRow(QObject* parent, const QIcon& magnifier)
     setEnabled(false);
 }
 
+void SearchRow::setShown(bool isShown) {
+    setVisible(isShown);
+    m_container->setVisible(isShown);
+}
+
 void SearchRow::setLeastWidth(int width) {
     m_container->setLeastWidth(width);
 }

@@ -47,6 +47,9 @@ public:
 
     SearchField& field() const { return *m_field; }
 
+    /// The menu would leave the widget where it was.
+    void setShown(bool isShown);
+
     /// The width that the row asks of its menu; it fills the menu then.
     void setLeastWidth(int width);
 

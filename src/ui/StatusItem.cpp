@@ -2,11 +2,13 @@
 
 #include "foundation/Log.h"
 #include "foundation/StringTable.h"
+#include "ui/Icons.h"
 
 namespace quorvel {
 
-StatusItem::StatusItem(const StringTable& strings, const QIcon& icon)
-    : m_icon(icon) {
+StatusItem::StatusItem(const StringTable& strings, const Icons& icons)
+    : m_icons(icons)
+    , m_icon(icons.application()) {
     buildMenu(strings);
     connect(&m_host, &TrayHost::kindChanged, this, &StatusItem::hostChanged);
 }
@@ -18,10 +20,15 @@ void StatusItem::show(const QString& toolTip) {
     hostChanged();
 }
 
-void StatusItem::setIcon(const QIcon& icon) {
-    m_icon = icon;
+/// The colour of the panel is not known: one-coloured icons take one that light and dark leave
+/// legible.
+void StatusItem::setIcon(const QString& name) {
+    const QColor neutral(0x7f, 0x8b, 0x9c);
+    const bool isOurs = name == QLatin1StringView("quorvel");
+    const QIcon symbol = isOurs ? QIcon() : m_icons.symbol(name, neutral);
+    m_icon = symbol.isNull() ? m_icons.application() : symbol;
     if (m_trayIcon)
-        m_trayIcon->setIcon(icon);
+        m_trayIcon->setIcon(m_icon);
 }
 
 QString StatusItem::state() const {

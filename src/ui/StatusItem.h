@@ -11,6 +11,7 @@
 
 namespace quorvel {
 
+class Icons;
 class StringTable;
 
 /// Our icon in the desktop's tray, there as soon as the desktop has a tray. A click asks for our
@@ -19,16 +20,15 @@ class StatusItem final : public TrayIcon {
     Q_OBJECT
 
 public:
-    StatusItem(const StringTable& strings, const QIcon& icon);
+    StatusItem(const StringTable& strings, const Icons& icons);
 
     void show(const QString& toolTip) override;
+    void setIcon(const QString& name) override;
     QString state() const override;
     void notify(const QString& title, const QString& message) override;
 
     /// Whether a window takes in tray icons; told by the display system's adapter.
     void setEmbedderPresent(bool present) { m_host.setEmbedderPresent(present); }
-
-    void setIcon(const QIcon& icon);
 
 private:
     void buildMenu(const StringTable& strings);
@@ -36,6 +36,7 @@ private:
     void appear();
     void clicked(QSystemTrayIcon::ActivationReason reason);
 
+    const Icons& m_icons;
     TrayHost m_host;
     QIcon m_icon;
     QString m_toolTip;

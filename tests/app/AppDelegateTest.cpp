@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QThread>
 
@@ -33,7 +34,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               desktop, textServices}) {}
+               desktop, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -51,6 +52,7 @@ struct Program {
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
     FakeDesktop desktop;
+    FakeAppearance appearance;
     FakeTextServices textServices;
     AppDelegate delegate;
 };
@@ -70,6 +72,14 @@ protected:
         client->wait();
         delete client;
         return reply.value_or(ControlReply{{}, QStringLiteral("nobody there")});
+    }
+
+    static MenuItem row(const QList<MenuItem>& tree, const QString& title) {
+        for (const MenuItem& item : tree)
+            if (item.title == title)
+                return item;
+        ADD_FAILURE() << qPrintable(title);
+        return {};
     }
 
     QTemporaryDir home;
@@ -169,8 +179,7 @@ TEST_F(AppDelegateTest, TheMenuPastesAndTheFooterActs) {
     program.copy(QStringLiteral("a"));
     program.copy(QStringLiteral("b"));
     emit program.statusItem.activated();
-    ASSERT_EQ(program.menu.tree.at(2).title, QStringLiteral("a"));
-    program.menu.choose(program.menu.tree.at(2));
+    program.menu.choose(row(program.menu.tree, QStringLiteral("a")));
     program.mainQueue.advance(1s);
     EXPECT_EQ(program.pasteboard.string(), QStringLiteral("a"));
     EXPECT_EQ(program.keyPoster.posts().size(), 1);
@@ -219,6 +228,93 @@ TEST_F(AppDelegateTest, TheControlSocketAnswers) {
     EXPECT_TRUE(ask(program, QStringLiteral("quit")).isOk());
     program.mainQueue.settle();
     EXPECT_EQ(quit.size(), 1);
+}
+
+/// What the control tool gets: the result as compact JSON, or "! error".
+QString answer(const ControlReply& reply) {
+    if (!reply.isOk())
+        return QStringLiteral("! ") + reply.error;
+    QJsonArray values{reply.result};
+    return QString::fromUtf8(QJsonDocument(values).toJson(QJsonDocument::Compact));
+}
+
+TEST_F(AppDelegateTest, TheControlSocketReachesClips) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    for (const char* text : {"password: hunter2secret", "b", "Café"})
+        program.copy(QString::fromUtf8(text));
+    const auto at = [](int position) {
+        return QJsonObject{{QStringLiteral("position"), position}};
+    };
+    const auto pins = [&] {
+        QString marks;
+        for (const RecentClipboardEntry& entry : program.delegate.history().recentClipboard())
+            marks += entry.pinned ? u'*' : u'-';
+        return marks;
+    };
+    const struct {
+        const char* command;
+        int position;
+        const char* pins; ///< Afterwards; null when it is refused.
+    } cases[]{{"pin", 2, "-*-"},   {"pin", 2, "-*-"},      {"unpin", 1, "-*-"}, {"unpin", 2, "---"},
+              {"pin", 4, nullptr}, {"delete", 0, nullptr}, {"delete", 2, "--"}};
+    for (const auto& [command, position, expected] : cases) {
+        const auto reply = ask(program, QString::fromLatin1(command), at(position));
+        EXPECT_EQ(reply.isOk(), expected != nullptr) << command << position;
+        if (expected) {
+            EXPECT_EQ(pins(), QString::fromLatin1(expected)) << command << position;
+        }
+    }
+    const auto search = [&](const char* text) {
+        return answer(ask(program, QStringLiteral("search"),
+                          {{QStringLiteral("text"), QString::fromLatin1(text)}}));
+    };
+    EXPECT_EQ(search("CAFE"), QStringLiteral("[[{\"kind\":\"clip\",\"position\":1,"
+                                             "\"text\":\"Café\",\"title\":\"Café\"}]]"));
+    EXPECT_TRUE(search("password").contains(QStringLiteral("password: ••••••")));
+    EXPECT_EQ(search("hunter2"), QStringLiteral("[[]]"));
+    EXPECT_TRUE(search(" ").startsWith(u'!'));
+    EXPECT_FALSE(
+        ask(program, QStringLiteral("show"), {{QStringLiteral("menu"), QStringLiteral("dinner")}})
+            .isOk());
+    EXPECT_TRUE(ask(program, QStringLiteral("show"),
+                    {{QStringLiteral("menu"), QStringLiteral("translate")}})
+                    .isOk());
+    EXPECT_EQ(program.menu.tree.size(), 1);
+}
+
+TEST_F(AppDelegateTest, TheControlSocketReachesSnippets) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    program.delegate.store().addGroup(QStringLiteral("mail"));
+    const auto snippets = [&](const char* command, const QJsonObject& arguments = {}) {
+        return answer(
+            ask(program, QStringLiteral("snippets ") + QString::fromLatin1(command), arguments));
+    };
+    const auto add = [&](const char* text, const QJsonValue& group) {
+        QJsonObject arguments{{QStringLiteral("text"), QString::fromLatin1(text)}};
+        if (group.isString())
+            arguments.insert(QStringLiteral("group"), group);
+        return snippets("add", arguments);
+    };
+    EXPECT_FALSE(add("in the group", QStringLiteral("mail")).startsWith(u'!'));
+    const QString id = add("at the root", {}).section(u'"', 1, 1);
+    EXPECT_EQ(add("x", QStringLiteral("post")),
+              QStringLiteral("! there is no group \"post\"; there are: \"mail\""));
+    EXPECT_TRUE(add("", {}).startsWith(u'!'));
+    EXPECT_TRUE(add(" \n", {}).startsWith(u'!'));
+    const auto one = [](const QString& name) {
+        return QJsonObject{{QStringLiteral("snippet"), name}};
+    };
+    EXPECT_EQ(snippets("paste", one(QStringLiteral("2"))), QStringLiteral("[true]"));
+    EXPECT_EQ(program.pasteboard.string(), QStringLiteral("in the group"));
+    EXPECT_EQ(program.delegate.store().groups().first().snippets.first().usageCount, 1);
+    EXPECT_EQ(snippets("paste", one(id)), QStringLiteral("[true]"));
+    EXPECT_EQ(program.pasteboard.string(), QStringLiteral("at the root"));
+    for (const char* name : {"0", "3", "-1", "", "mail"})
+        EXPECT_TRUE(snippets("remove", one(QString::fromLatin1(name))).startsWith(u'!')) << name;
+    EXPECT_EQ(snippets("remove", one(id)), QStringLiteral("[true]"));
+    EXPECT_TRUE(snippets("list").startsWith(QStringLiteral("[[{\"group\":\"mail\",")));
 }
 
 } // namespace quorvel::testing

@@ -206,8 +206,7 @@ TEST_F(MenuAndPasteTest, chosenClipsArriveInEditors) {
             startInFront(QString::fromLatin1(editor.program), editor.options + QStringList(file),
                          QString::fromLatin1(editor.windowClass));
         ASSERT_TRUE(menuOpens([&] { press(QStringLiteral("super+shift+v")); }));
-        xdotool({QStringLiteral("key"), QStringLiteral("Down"), QStringLiteral("Down"),
-                 QStringLiteral("Return")});
+        xdotool({QStringLiteral("key"), QStringLiteral("Down"), QStringLiteral("Return")});
         EXPECT_TRUE(waitUntil([&] {
             press(QStringLiteral("ctrl+s"));
             return content(file).trimmed() == text.toUtf8();

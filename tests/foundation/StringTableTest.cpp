@@ -1,4 +1,5 @@
 #include "foundation/StringTable.h"
+#include "smart/SmartFolderKind.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -43,12 +44,14 @@ QSet<QString> literals() {
 } // namespace
 
 TEST(StringTable, EveryKeyIsUsedAndEveryUsedKeyExists) {
-    const QSet<QString> used = literals();
+    QSet<QString> used = literals();
+    for (const SmartFolderKind folder : allSmartFolders())
+        used.insert(titleKey(folder));
     const QJsonObject english = table(QStringLiteral("en"));
     for (const QString& key : english.keys())
         EXPECT_TRUE(used.contains(key)) << "nothing uses " << qPrintable(key);
     static const QRegularExpression keyShape(
-        QStringLiteral("^(menu|action|app|achievements|error|paste|tray|key)\\.[A-Za-z.]+$"));
+        QStringLiteral("^(menu|action|app|achievements|error|hint|paste|tray|key)\\.[A-Za-z.]+$"));
     for (const QString& literal : used)
         if (keyShape.match(literal).hasMatch()) {
             EXPECT_TRUE(english.contains(literal)) << "no text for " << qPrintable(literal);

@@ -37,6 +37,9 @@ protected:
         return first().id;
     }
     QUuid copied(const QString& text) { return copied({textItem(text)}); }
+    void paste(const QUuid& id, PasteOption option = PasteOption::normal) {
+        engine.pasteEntry(*history.entry(id), option);
+    }
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, ownProcess};
@@ -112,28 +115,66 @@ TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
 TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteboard) {
     const QUuid id = copied(QStringLiteral("x"));
     QSignalSpy missing(&engine, &PasteEngine::permissionMissing);
-    const auto paste = [&](bool trusted) {
+    const auto pasteTrusted = [&](bool trusted) {
         keyPoster.setTrusted(trusted);
         paste(id);
         mainQueue.advance(1s);
     };
-    paste(false);
-    paste(false);
+    pasteTrusted(false);
+    pasteTrusted(false);
     EXPECT_EQ(missing.size(), 1);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
     EXPECT_EQ(pasteboard.string(), QStringLiteral("x"));
-    paste(true);
-    paste(false);
+    pasteTrusted(true);
+    pasteTrusted(false);
     EXPECT_EQ(missing.size(), 2) << "told again after it had worked";
 }
 
-TEST_F(PasteEngineTest, AnUnknownEntryDoesNothing) {
-    copied(QStringLiteral("x"));
-    const qint64 count = pasteboard.changeCount();
-    paste(QUuid::createUuid());
+TEST_F(PasteEngineTest, PlainTextDropsEveryOtherForm) {
+    const ClipboardSnapshotItem rich{
+        {{QStringLiteral("text/html"), "<b>x</b>"}, {pasteboardTypeString, "x"}}};
+    paste(copied({rich}), PasteOption::plainText);
+    EXPECT_EQ(pasteboard.items(), QList<ClipboardSnapshotItem>{textItem(QStringLiteral("x"))});
     mainQueue.advance(1s);
-    EXPECT_EQ(pasteboard.changeCount(), count);
+    EXPECT_EQ(keyPoster.posts().size(), 1);
+    EXPECT_EQ(first().usageCount, 1);
+}
+
+TEST_F(PasteEngineTest, APictureIsNeverPastedAsText) {
+    history.insert({.text = QStringLiteral("file name"), .imagePNGData = "png"});
+    for (const PasteOption option : {PasteOption::plainText, PasteOption::withEdit})
+        paste(first().id, option);
+    mainQueue.advance(1s);
+    EXPECT_EQ(pasteboard.writeCount(), 0);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
+    EXPECT_EQ(first().usageCount, 0);
+}
+
+TEST_F(PasteEngineTest, KeepingTheClipboardPutsItBackUnlessSomethingNewIsThere) {
+    const QUuid clip = copied(QStringLiteral("clip"));
+    const ClipboardSnapshotItem rich{
+        {{QStringLiteral("text/html"), "<i>before</i>"}, {pasteboardTypeString, "before"}}};
+    const struct {
+        const char* copiedMeanwhile; ///< Null for nothing.
+        bool isTrusted;
+        const char* afterwards;
+    } cases[]{{nullptr, true, "before"}, {"newer", true, "newer"}, {nullptr, false, "clip"}};
+    for (const auto& [copiedMeanwhile, isTrusted, afterwards] : cases) {
+        copied({rich});
+        keyPoster.setTrusted(isTrusted);
+        QSignalSpy captured(&history, &ClipboardHistory::entryCaptured);
+        paste(clip, PasteOption::keepClipboard);
+        mainQueue.advance(119ms);
+        EXPECT_EQ(pasteboard.string(), QStringLiteral("clip"));
+        if (copiedMeanwhile)
+            copied(QString::fromLatin1(copiedMeanwhile));
+        mainQueue.advance(1ms);
+        mainQueue.settle();
+        mainQueue.advance(1s);
+        EXPECT_EQ(pasteboard.string(), QString::fromLatin1(afterwards));
+        EXPECT_EQ(pasteboard.items().first() == rich, !copiedMeanwhile && isTrusted);
+        EXPECT_EQ(captured.size(), copiedMeanwhile ? 1 : 0);
+    }
 }
 
 TEST(FocusTracker, PollsWhereChangesAreNotAnnounced) {

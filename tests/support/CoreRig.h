@@ -4,6 +4,7 @@
 #include "FakeTextServices.h"
 #include "FakeWorkspace.h"
 #include "ManualTime.h"
+#include "QtPrinting.h"
 
 #include "clipboard/ClipboardHistory.h"
 #include "clipboard/PasteboardWatcher.h"

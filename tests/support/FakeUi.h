@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "platform/Appearance.h"
 #include "platform/Desktop.h"
 #include "platform/TrayIcon.h"
 
@@ -15,7 +16,9 @@ public:
         m_open = true;
     }
     void update(const QList<MenuItem>& items) override { tree = items; }
-    void fillSubmenu(const QString&, const QList<MenuItem>&) override {}
+    void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override {
+        fills.append({identifier, items});
+    }
     void warmUp(const QList<MenuItem>&, MenuForm) override { ++warmUps; }
     void close() override {
         if (std::exchange(m_open, false))
@@ -23,16 +26,24 @@ public:
     }
     bool isOpen() const override { return m_open; }
     void setClosingKey(quint32 key, Modifiers) override { closingKey = key; }
-    Modifiers currentModifiers() const override { return {}; }
+    Modifiers currentModifiers() const override { return held; }
+
+    /// The user presses or lets go of modifier keys, and the program is told.
+    void hold(Modifiers modifiers) {
+        held = modifiers;
+        emit modifiersChanged(held);
+    }
 
     /// What a click on an item does: the menu goes, then the choice is told.
     void choose(const MenuItem& item) {
-        const MenuChoice choice{item.action, item.representedObject, {}};
+        const MenuChoice choice{item.action, item.representedObject, held};
         close();
         emit chosen(choice);
     }
 
     QList<MenuItem> tree;
+    QList<std::pair<QString, QList<MenuItem>>> fills; ///< Submenus that were filled, in order.
+    Modifiers held;
     quint32 closingKey = 0;
     int warmUps = 0;
 
@@ -43,11 +54,20 @@ private:
 class FakeStatusItem final : public TrayIcon {
 public:
     void show(const QString& toolTip) override { shownToolTip = toolTip; }
+    void setIcon(const QString& name) override { icon = name; }
     QString state() const override { return QStringLiteral("xembed"); }
     void notify(const QString& title, const QString&) override { notifications.append(title); }
 
     QString shownToolTip;
+    QString icon;
     QStringList notifications;
+};
+
+class FakeAppearance final : public Appearance {
+public:
+    void apply(AppThemePreset theme) override { applied = theme; }
+
+    AppThemePreset applied = AppThemePreset::system;
 };
 
 class FakeDesktop final : public Desktop {

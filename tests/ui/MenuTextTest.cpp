@@ -53,6 +53,43 @@ TEST(MenuToolTip, endsLongTextsWithAnEllipsis) {
     EXPECT_EQ(shownText(whole), whole);
 }
 
+TEST(MenuToolTip, itsLastLineIsTheDetail) {
+    QTextDocument document;
+    const QString detail = QStringLiteral("from <A> & B");
+    document.setHtml(toolTipMarkup(QStringLiteral("line\n").repeated(1000), detail));
+    EXPECT_TRUE(document.toPlainText().endsWith(QStringLiteral("\u2026\n") + detail));
+    document.setHtml(toolTipMarkup(QString(), detail));
+    EXPECT_EQ(document.toPlainText(), detail);
+}
+
+TEST(MenuText, isWrappedLiterallyAndCutAfterItsLastLine) {
+    constexpr int width = 200;
+    const QFont font = QApplication::font();
+    const auto wrapped = [&](const QString& text) { return wrappedText(text, font, width, 3); };
+    EXPECT_EQ(wrapped(QStringLiteral("a & <b>\r\n\nc")), QStringLiteral("a & <b>\n\nc"));
+    EXPECT_EQ(wrapped(QStringLiteral("a\nb\nc\nd")), QStringLiteral("a\nb\nc\u2026"));
+    for (const QString& text : {QStringLiteral("some words "), QStringLiteral("\u6f22"),
+                                QStringLiteral("W"), QStringLiteral("\U0001F600")}) {
+        const QStringList lines = wrapped(text.repeated(100'000)).split(u'\n');
+        EXPECT_EQ(lines.size(), 3);
+        EXPECT_TRUE(lines.constLast().endsWith(QChar(0x2026)));
+        for (const QString& line : lines)
+            EXPECT_LE(QFontMetrics(font).horizontalAdvance(line.trimmed()), width);
+    }
+}
+
+TEST(MenuWidth, followsTheWidestTitleThatIsARow) {
+    const QFontMetrics metrics(QApplication::font());
+    const auto measured = [&](const QList<MenuItem>& items) {
+        return measuredMenuWidth(items, metrics, 520);
+    };
+    const QString title = QStringLiteral("W").repeated(25);
+    const MenuItem text{.kind = MenuItemKind::textBox, .title = title};
+    EXPECT_EQ(measured({}), 244);
+    EXPECT_EQ(measured({MenuItem::separator(), text}), 244);
+    EXPECT_EQ(measured({MenuItem::disabled(title)}), metrics.horizontalAdvance(title) + 64);
+}
+
 TEST(MenuKeys, namesTheKeysInTheLanguageOfTheTable) {
     const KeyEquivalent all{QStringLiteral("k"), Modifiers::fromInt(modifierMask)};
     struct Case {

@@ -344,9 +344,11 @@ TEST_F(NativeMenuTest, anUpdateKeepsItOnTheScreenAndAtThePointer) {
     open(clips(3));
     const int bottom = shownMenu().geometry().bottom();
     ASSERT_LE(bottom, limits.bottom() - 20);
+    const int width = shownMenu().width();
     for (const int count : {12, 2, 300, 5}) {
         SCOPED_TRACE(count);
         menu().update(clips(count));
+        EXPECT_EQ(shownMenu().width(), width);
         EXPECT_TRUE(limits.contains(shownMenu().geometry()));
         if (count < 20) {
             EXPECT_EQ(shownMenu().geometry().bottom(), bottom);
@@ -441,7 +443,31 @@ TEST_F(NativeMenuTest, escapeClearsTheSearchBeforeItCloses) {
     EXPECT_TRUE(menu().isOpen());
     pressKeys("Escape");
     EXPECT_TRUE(happens({QStringLiteral("closed")}));
+    // A caret that went on blinking would keep the processor awake.
+    EXPECT_TRUE(waitUntil([] { return !QApplication::focusWidget(); }));
     open(tree);
+    EXPECT_EQ(searchField().text(), QString());
+    pressKeys("z");
+    EXPECT_TRUE(waitUntil([&] { return queries().constLast() == QStringLiteral("z"); }));
+}
+
+TEST_F(NativeMenuTest, theSearchFieldOutlivesRowsThatComeBeforeItAndItsOwnAbsence) {
+    QList<MenuItem> tree = searchable({QStringLiteral("a")}, QStringLiteral("given"));
+    open(tree);
+    EXPECT_EQ(searchField().text(), QStringLiteral("given"));
+    pressKeys("1");
+    ASSERT_TRUE(asked({QStringLiteral("given1")}));
+    tree.prepend(MenuItem::disabled(QStringLiteral("The disk is full")));
+    menu().update(tree);
+    EXPECT_TRUE(searchField().isVisible());
+    EXPECT_GT(searchField().mapTo(&shownMenu(), QPoint()).y(), 20);
+    pressKeys("2");
+    ASSERT_TRUE(asked({QStringLiteral("given1"), QStringLiteral("given12")}));
+    menu().update({clip(QStringLiteral("a"))});
+    EXPECT_FALSE(searchField().isVisible());
+    menu().update(searchable({}));
+    EXPECT_TRUE(searchField().isVisible());
+    EXPECT_TRUE(searchField().hasFocus());
     EXPECT_EQ(searchField().text(), QString());
 }
 
@@ -517,7 +543,7 @@ TEST_F(NativeMenuTest, itLeavesTheInputFocusWhereItIs) {
         focus = answer(focusedWindow);
         return !focus.isEmpty() && answer(terminalWindows).split('\n').contains(focus);
     })) << terminal->errors().constData();
-    open(clips(2));
+    open(searchable({QStringLiteral("clip 1")}));
     ASSERT_TRUE(highlight(QStringLiteral("clip 1"))); // The keys come all the same.
     EXPECT_EQ(answer(focusedWindow), focus);
 }

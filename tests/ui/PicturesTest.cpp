@@ -96,10 +96,10 @@ QColor inkOf(const QIcon& icon, int pixels, QIcon::Mode mode) {
 
 TEST(Icons, haveADrawingForEachSymbol) {
     const Icons icons;
-    for (const char* name :
-         {"ellipsis.circle", "plus.circle", "trophy", "gearshape",
-          "rectangle.portrait.and.arrow.right", "doc.on.clipboard", "doc.on.clipboard.fill",
-          "list.clipboard", "text.bubble", "bolt.circle", "photo", "doc.text", "pin"})
+    for (const char* name : {"ellipsis.circle", "plus.circle", "trophy", "gearshape",
+                             "rectangle.portrait.and.arrow.right", "doc.on.clipboard",
+                             "doc.on.clipboard.fill", "list.clipboard", "text.bubble",
+                             "bolt.circle", "photo", "doc.text", "pin", "magnifyingglass"})
         EXPECT_GT(inkOf(icons.symbol(QString::fromLatin1(name)), 18, QIcon::Normal).alpha(), 200)
             << name;
     EXPECT_TRUE(icons.symbol(QStringLiteral("no.such.symbol")).isNull());

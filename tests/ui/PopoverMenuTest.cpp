@@ -38,8 +38,10 @@ QList<MenuItem> searchable(const QStringList& titles, const QString& query = {})
                            .representedObject = query},
                           MenuItem::separator(),
                           MenuItem::header(QStringLiteral("Clips"))};
-    for (const QString& title : titles)
+    for (const QString& title : titles) {
         items.append(clip(title));
+        items.last().tag = pasteItemTag; // The highlight begins on the first of these.
+    }
     return items;
 }
 

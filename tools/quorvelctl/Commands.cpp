@@ -1,96 +1,56 @@
 #include "Commands.h"
 
-#include "foundation/Text.h"
+#include "Rendering.h"
 
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-
+#include <array>
 #include <cstdio>
 
 namespace quorvel::ctl {
 
 namespace {
 
-QByteArray json(const QJsonValue& value) {
-    const QJsonDocument document =
-        value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
-    return document.toJson();
-}
+struct Command {
+    QStringView name; ///< One word, or two.
+    QJsonObject (*arguments)(Words& words);
+    QString (*rendered)(const QJsonValue& result);
+    bool hasJson = false;
+};
 
-QString line(const QJsonObject& clip) {
-    constexpr int titleLimit = 100;
-    constexpr int titleTail = 20;
-    const QString title = clip.value(QStringLiteral("image")).toBool()
-                              ? QStringLiteral("[picture]")
-                              : shortened(singleLine(clip.value(QStringLiteral("text")).toString()),
-                                          titleLimit, titleTail);
-    const QString mark =
-        clip.value(QStringLiteral("pinned")).toBool() ? QStringLiteral("*") : QStringLiteral(" ");
-    return QStringLiteral("%1%2 %3\n")
-        .arg(clip.value(QStringLiteral("position")).toInt(), 4)
-        .arg(mark, title);
-}
+constexpr std::array commands{
+    Command{u"list", noArguments, clipList, true},
+    Command{u"search", queryArgument, foundList, true},
+    Command{u"show", menuArgument, nothing},
+    Command{u"copy", inputArgument, nothing},
+    Command{u"paste", positionArgument, nothing},
+    Command{u"pin", positionArgument, nothing},
+    Command{u"unpin", positionArgument, nothing},
+    Command{u"delete", positionArgument, nothing},
+    Command{u"snippets list", noArguments, snippetList, true},
+    Command{u"snippets add", newSnippetArguments, line},
+    Command{u"snippets remove", snippetArgument, nothing},
+    Command{u"snippets paste", snippetArgument, nothing},
+    Command{u"status", noArguments, outline, true},
+    Command{u"quit", noArguments, nothing},
+};
 
-QString clipList(const QJsonArray& clips) {
-    if (clips.isEmpty())
-        return QStringLiteral("The history is empty.\n");
-    QString text;
-    for (const auto& clip : clips)
-        text += line(clip.toObject());
-    return text;
-}
-
-QString plain(const QJsonValue& value) {
-    if (value.isString())
-        return value.toString();
-    if (value.isBool())
-        return value.toBool() ? QStringLiteral("yes") : QStringLiteral("no");
-    return value.toVariant().toString();
-}
-
-/// Nested values as indented lines "name: value".
-QString outline(const QJsonValue& value, int depth) {
-    const QString indent(depth * 2, QLatin1Char(' '));
-    QString text;
-    if (value.isArray()) {
-        for (const auto& element : value.toArray())
-            text += element.isObject() ? outline(element, depth) : indent + plain(element) + u'\n';
-        return text;
+/// Takes the words of the command's name; null when they name none.
+const Command* takeCommand(Words& words) {
+    for (const Command& command : commands) {
+        const QStringList name = command.name.toString().split(u' ');
+        if (words.rest.mid(0, name.size()) != name)
+            continue;
+        words.rest = words.rest.mid(name.size());
+        return &command;
     }
-    const QJsonObject object = value.toObject();
-    for (auto field = object.begin(); field != object.end(); ++field) {
-        const bool nested = field.value().isObject() || field.value().isArray();
-        text += indent + field.key() + QStringLiteral(": ") +
-                (nested ? QStringLiteral("\n") + outline(field.value(), depth + 1)
-                        : plain(field.value()) + u'\n');
-    }
-    return text;
+    return nullptr;
 }
 
-bool takeFlag(QStringList& arguments, const QString& flag) {
-    return arguments.removeAll(flag) > 0;
-}
-
-std::optional<QJsonObject> argumentsOf(const QString& command, QStringList& words,
-                                       QString& problem) {
-    if (command == QLatin1StringView("copy")) {
-        QFile input;
-        if (!input.open(stdin, QIODevice::ReadOnly)) {
-            problem = QStringLiteral("standard input cannot be read");
-            return std::nullopt;
-        }
-        return QJsonObject{{QStringLiteral("text"), QString::fromUtf8(input.readAll())}};
-    }
-    if (command != QLatin1StringView("paste"))
-        return QJsonObject();
-    bool isNumber = false;
-    const int position = words.isEmpty() ? 0 : words.takeFirst().toInt(&isNumber);
-    if (!isNumber || position < 1) {
-        problem = QStringLiteral("paste needs the position of a clip, from 1");
-        return std::nullopt;
-    }
-    return QJsonObject{{QStringLiteral("position"), position}};
+QString unknown(const QStringList& words) {
+    if (words.isEmpty())
+        return QStringLiteral("a command is missing");
+    if (words.first() == QLatin1StringView("snippets"))
+        return QStringLiteral("\"snippets\" needs list, add, remove or paste after it");
+    return QStringLiteral("unknown command \"%1\"").arg(words.first());
 }
 
 } // namespace
@@ -105,9 +65,22 @@ QString usage() {
         "Usage: quorvelctl COMMAND\n"
         "\n"
         "  list [--json]    the clips, newest first\n"
-        "  show             open the menu at the pointer\n"
+        "  search TEXT [--json]\n"
+        "                   the clips and snippets in which TEXT is found\n"
+        "  show [main|paste|copy|translate]\n"
+        "                   open the menu at the pointer, in the flavour of the tray\n"
+        "                   icon or of one of the hot keys\n"
         "  copy             put standard input onto the clipboard\n"
         "  paste N          paste clip N (from 1) into the program in front\n"
+        "  pin N, unpin N   keep clip N, or no longer\n"
+        "  delete N         forget clip N\n"
+        "  snippets list [--json]\n"
+        "                   the snippets with their numbers\n"
+        "  snippets add [--title TITLE] [--group NAME]\n"
+        "                   make a snippet of standard input; prints its id\n"
+        "  snippets remove SNIPPET\n"
+        "  snippets paste SNIPPET\n"
+        "                   SNIPPET is a number of the list or an id\n"
         "  status [--json]  how the running instance is\n"
         "  quit             end the running instance\n"
         "\n"
@@ -122,35 +95,23 @@ QString usage() {
         "                   dates count\n");
 }
 
-std::optional<Invocation> parse(const QStringList& arguments, QString& problem) {
-    static const QStringList commands{QStringLiteral("list"),   QStringLiteral("show"),
-                                      QStringLiteral("copy"),   QStringLiteral("paste"),
-                                      QStringLiteral("status"), QStringLiteral("quit")};
-    QStringList words = arguments;
-    const bool asJson = takeFlag(words, QStringLiteral("--json"));
-    const QString command = words.isEmpty() ? QString() : words.takeFirst();
-    if (!commands.contains(command)) {
-        problem = command.isEmpty() ? QStringLiteral("a command is missing")
-                                    : QStringLiteral("unknown command \"%1\"").arg(command);
+std::optional<Invocation> parse(const QStringList& arguments, const ReadInput& readInput,
+                                QString& problem) {
+    Words words{arguments, readInput, {}};
+    const Command* command = takeCommand(words);
+    if (!command) {
+        problem = unknown(words.rest);
         return std::nullopt;
     }
-    const auto fields = argumentsOf(command, words, problem);
-    if (!fields)
-        return std::nullopt;
-    if (!words.isEmpty()) {
-        problem = QStringLiteral("\"%1\" is one word too many").arg(words.first());
+    const bool asJson = command->hasJson && words.takeFlag(QStringLiteral("--json"));
+    const QJsonObject fields = command->arguments(words);
+    if (words.problem.isEmpty() && !words.rest.isEmpty())
+        words.problem = QStringLiteral("\"%1\" is one word too many").arg(words.rest.first());
+    if (!words.problem.isEmpty()) {
+        problem = words.problem;
         return std::nullopt;
     }
-    return Invocation{{command, *fields}, asJson ? Form::json : Form::text};
-}
-
-QString rendered(const Invocation& invocation, const QJsonValue& result) {
-    const QString& command = invocation.request.command;
-    if (command != QLatin1StringView("list") && command != QLatin1StringView("status"))
-        return {};
-    if (invocation.form == Form::json)
-        return QString::fromUtf8(json(result));
-    return command == QLatin1StringView("list") ? clipList(result.toArray()) : outline(result, 0);
+    return Invocation{{command->name.toString(), fields}, asJson ? json : command->rendered};
 }
 
 } // namespace quorvel::ctl

@@ -5,8 +5,20 @@
 #include "foundation/DataPaths.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <cstdio>
+
+namespace quorvel::ctl {
+
+static std::optional<QString> standardInput() {
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return std::nullopt;
+    return QString::fromUtf8(input.readAll());
+}
+
+} // namespace quorvel::ctl
 
 int main(int argc, char* argv[]) {
     using namespace quorvel;
@@ -20,7 +32,7 @@ int main(int argc, char* argv[]) {
     if (arguments.startsWith(QStringLiteral("detect")))
         return ctl::detect(arguments.mid(1));
     QString problem;
-    const auto invocation = ctl::parse(arguments, problem);
+    const auto invocation = ctl::parse(arguments, ctl::standardInput, problem);
     if (!invocation)
         return complain(problem + u'\n' + ctl::usage(), wrongUsage);
     const auto reply =
@@ -30,6 +42,6 @@ int main(int argc, char* argv[]) {
                         failed);
     if (!reply->isOk())
         return complain(reply->error, failed);
-    std::fputs(qUtf8Printable(ctl::rendered(*invocation, reply->result)), stdout);
+    std::fputs(qUtf8Printable(invocation->rendered(reply->result)), stdout);
     return ok;
 }

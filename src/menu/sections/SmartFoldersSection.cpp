@@ -10,7 +10,7 @@ QList<MenuItem> smartFoldersSection(const MenuBuild& build) {
     const MenuContent& content = build.content();
     QList<MenuItem> items;
     for (const SmartFolderKind folder : content.smartFolders.enabledSmartFolders()) {
-        const qsizetype count = folderContent(folder, build).size();
+        const qsizetype count = folderCount(folder, build);
         if (count == 0 && content.smartFolders.entries(folder).isEmpty())
             continue;
         MenuItem item;

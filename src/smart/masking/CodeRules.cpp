@@ -3,6 +3,8 @@
 #include "smart/masking/CharacterBits.h"
 #include "smart/masking/CodeWords.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 
 namespace quorvel {

@@ -5,6 +5,8 @@
 #include "smart/masking/GapWords.h"
 #include "smart/masking/MarkupGaps.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 
 namespace quorvel {

@@ -18,16 +18,33 @@ QString maskedEnds(const QString& text) {
            maskedSecrets(text.right(ShownTexts::tailUnits));
 }
 
+/// Of all that decides what is shown.
+size_t fingerprint(const QString& text) {
+    if (!isLong(text))
+        return qHash(text);
+    const QStringView view(text);
+    return qHashMulti(size_t(text.size()), view.first(ShownTexts::headUnits),
+                      view.last(ShownTexts::tailUnits));
+}
+
 } // namespace
 
 QString ShownTexts::shown(const QUuid& id, const QString& text) const {
-    const auto known = m_masked.constFind(id);
-    if (known != m_masked.constEnd())
-        return known->isEmpty() ? text : *known;
+    return remembered(id, text, 0);
+}
+
+QString ShownTexts::shownNow(const QUuid& id, const QString& text) const {
+    return remembered(id, text, fingerprint(text));
+}
+
+QString ShownTexts::remembered(const QUuid& id, const QString& text, size_t fingerprint) const {
+    const auto known = m_known.constFind(id);
+    if (known != m_known.constEnd() && known->fingerprint == fingerprint)
+        return known->masked.isEmpty() ? text : known->masked;
     const QString masked = worked(text);
-    if (m_masked.size() >= mostRemembered)
-        m_masked.clear();
-    m_masked.insert(id, masked == text ? QString() : masked);
+    if (m_known.size() >= mostRemembered)
+        m_known.clear();
+    m_known.insert(id, {fingerprint, masked == text ? QString() : masked});
     return masked;
 }
 

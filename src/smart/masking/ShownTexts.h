@@ -13,6 +13,9 @@ public:
     /// A clip's text never changes, so its identifier stands for it.
     QString shown(const QUuid& id, const QString& text) const;
 
+    /// The same for a snippet, whose text may change.
+    QString shownNow(const QUuid& id, const QString& text) const;
+
     /// The same for a text that is nobody's clip.
     static QString worked(const QString& text);
 
@@ -20,8 +23,13 @@ public:
     static constexpr qsizetype tailUnits = 1024;
 
 private:
-    /// An empty text stands for "nothing to hide", which nearly all clips are.
-    mutable QHash<QUuid, QString> m_masked;
+    struct Known {
+        size_t fingerprint; ///< Of the text that was looked at; 0 for one that never changes.
+        QString masked;     ///< Empty for "nothing to hide", which nearly all clips are.
+    };
+    QString remembered(const QUuid& id, const QString& text, size_t fingerprint) const;
+
+    mutable QHash<QUuid, Known> m_known;
 };
 
 } // namespace quorvel

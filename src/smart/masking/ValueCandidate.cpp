@@ -4,6 +4,8 @@
 #include "smart/masking/CharacterBits.h"
 #include "smart/masking/ValueWords.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 
 namespace quorvel {

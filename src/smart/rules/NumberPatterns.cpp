@@ -18,12 +18,11 @@ bool isCardSeparator(QChar c) {
 
 bool passesLuhn(QStringView digits) {
     int sum = 0;
-    bool isDoubled = false;
-    for (auto digit = digits.crbegin(); digit != digits.crend(); ++digit) {
-        int value = digit->digitValue();
-        if (isDoubled)
-            value = value > 4 ? value * 2 - 9 : value * 2;
-        sum += value;
+    bool isDoubled = digits.size() % 2 == 0;
+    for (const QChar digit : digits) {
+        const int value = digit.digitValue();
+        const int doubled = value > 4 ? value * 2 - 9 : value * 2;
+        sum += isDoubled ? doubled : value;
         isDoubled = !isDoubled;
     }
     return sum % 10 == 0;

@@ -167,4 +167,11 @@ int PopoverRows::find(const MenuItem& wanted, int occurrence) const {
     return found;
 }
 
+int PopoverRows::firstPaste() const {
+    for (int row = 0; row < count(); ++row)
+        if (isSelectable(row) && item(row).tag == pasteItemTag)
+            return row;
+    return none;
+}
+
 } // namespace quorvel

@@ -47,10 +47,10 @@ public:
 
     /// Below the search field, if there is one: what stands above it is no result.
     int first() const { return next(m_start - 1, 1); }
-
-    /// The same, but none when nothing is found.
-    int firstFound() const { return first() >= m_start ? first() : none; }
     int last() const { return next(count(), -1); }
+
+    /// The first selectable row that pastes something, or none.
+    int firstPaste() const;
 
     /// The selectable row that is nearest to this place.
     int nearest(int y) const;

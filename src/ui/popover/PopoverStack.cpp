@@ -44,7 +44,7 @@ void PopoverStack::open(const QList<MenuItem>& items, QPoint pointer) {
     follow(screen ? screen : QGuiApplication::primaryScreen());
     PopoverPanel& root = panel(0);
     root.setItems(items);
-    root.list().highlight(PopoverRows::none, Reveal::no);
+    root.list().highlight(root.list().rows().firstPaste(), Reveal::no);
     root.list().scrollToTop();
     root.list().expectFrame();
     m_itemsQuery = queryOf(items);
@@ -133,10 +133,17 @@ bool PopoverStack::takesNewQuery(const QList<MenuItem>& items) {
     return isAnother && field;
 }
 
-/// Return then takes what is found first.
+/// Return then takes what is found first, and nothing when nothing is found.
 void PopoverStack::showFirstFound() {
     closeSubmenus(0);
-    list(0).highlight(list(0).rows().firstFound(), Reveal::yes);
+    const PopoverRows& rows = list(0).rows();
+    const int first = rows.first();
+    const bool hasResults = first != PopoverRows::none && rows.item(first).tag == pasteItemTag;
+    const bool isSearching = !m_itemsQuery.trimmed().isEmpty();
+    if (isSearching)
+        list(0).highlight(hasResults ? first : PopoverRows::none, Reveal::yes);
+    else
+        list(0).highlight(rows.firstPaste(), Reveal::yes);
     list(0).scrollToTop();
 }
 

@@ -133,9 +133,8 @@ bool setDays(DatePiece& piece, int day, int lastDay) {
 /// Where the month stands behind a day, or -1.
 int monthAfterDay(const DateLine& line, const Day& day) {
     int at = day.end;
-    if (isJoint(line, at))
-        ++at;
-    else if (line.has(at, Role::of) && !line.has(at, Role::month))
+    const bool isOf = line.has(at, Role::of) && !line.has(at, Role::month);
+    if (isJoint(line, at) || isOf)
         ++at;
     if (line.has(at, Role::article) && line.at(at).end - line.at(at).start == 1)
         ++at;

@@ -1,6 +1,8 @@
 #include "platform/text/dates/DateParsers.h"
 #include "platform/text/dates/DateWordTable.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>

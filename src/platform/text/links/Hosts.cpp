@@ -2,6 +2,8 @@
 
 #include <libpsl.h>
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 #include <array>
 

@@ -10,8 +10,8 @@ constexpr auto asciiEnds = [] {
     std::array<bool, 128> table{};
     for (std::size_t c = 0; c <= ' '; ++c)
         table[c] = true;
-    for (const char c : {'<', '>', '"', '\\', '^', '`', '|', '\x7f'})
-        table[std::size_t(c)] = true;
+    for (const char16_t c : {u'<', u'>', u'"', u'\\', u'^', u'`', u'|', u'\x7f'})
+        table[c] = true;
     return table;
 }();
 

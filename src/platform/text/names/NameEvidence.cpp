@@ -3,6 +3,7 @@
 #include "platform/text/names/WordList.h"
 
 #include <QStringList>
+#include <QStringTokenizer>
 
 #include <algorithm>
 #include <array>

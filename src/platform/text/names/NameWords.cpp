@@ -2,6 +2,8 @@
 
 #include "foundation/Folding.h"
 
+#include <QStringTokenizer>
+
 #include <array>
 
 namespace quorvel {

@@ -1,5 +1,7 @@
 #include "platform/text/names/NoNameWords.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 #include <array>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "search/SearchTexts.h"
+#include "menu/search/SearchTexts.h"
 
 #include "foundation/Folding.h"
 #include "smart/masking/SecretMasker.h"

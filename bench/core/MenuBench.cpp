@@ -1,0 +1,80 @@
+#include "MenuRig.h"
+
+#include "foundation/Files.h"
+#include "snippets/SnippetCoder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace quorvel::testing {
+
+namespace {
+
+constexpr int clipCount = 200;
+constexpr int tagCount = int(ClipboardAutoTag::terminalCommand) + 1;
+constexpr int groupCount = 50;
+constexpr int snippetsPerGroup = 20;
+
+/// Of one kind each that a smart folder collects.
+const std::array<QString, 6> snippetTexts{
+    QStringLiteral("550e8400-e29b-41d4-a716-4466554%1"),
+    QStringLiteral("git commit -m \"change %1\" && git push"),
+    QStringLiteral("10.0.0.1 %1"),
+    QStringLiteral("#f%1"),
+    QStringLiteral("PROJ-%1"),
+    QStringLiteral("Dear customer %1, the quick brown fox jumps over the lazy dog."),
+};
+
+StoreData library() {
+    StoreData data;
+    for (int i = 0; i < groupCount; ++i) {
+        SnippetGroup group{.id = QUuid::createUuid(), .name = QStringLiteral("Group %1").arg(i)};
+        for (int j = 0; j < snippetsPerGroup; ++j)
+            group.snippets.append(
+                {.id = QUuid::createUuid(),
+                 .title = QStringLiteral("Snippet %1 of %2").arg(j).arg(i),
+                 .text = snippetTexts[std::size_t(j) % snippetTexts.size()].arg(10000 + j)});
+        data.groups.append(group);
+    }
+    return data;
+}
+
+/// A full menu: all folders, the most clips of the given length, a big library of snippets.
+struct FullMenu : MenuRig {
+    explicit FullMenu(int length) {
+        preferences.set(keys::clipboardHistoryLimit, 50);
+        const QString filler = QStringLiteral("The quick brown fox. ").repeated(length / 21 + 1);
+        for (int i = 0; i < clipCount; ++i)
+            history.insert({.text = QStringLiteral("%1 %2").arg(i).arg(filler).left(length),
+                            .autoTags = {static_cast<ClipboardAutoTag>(i % tagCount)}});
+        writeFileAtomically(snippets.fileURL(), encodedSnippetFile(library()));
+        snippets.load();
+        preparation.start();
+        mainQueue.advance(MenuPreparation::delay);
+    }
+
+    MenuPreparation preparation{content, folderSnippets, history, snippets, mainQueue};
+};
+
+void buildMenu(benchmark::State& state) {
+    const FullMenu menu(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(statusMenu(menu.content, {}));
+}
+
+/// What one key typed into the search field costs before anything is drawn.
+void searchMenu(benchmark::State& state, const char* query) {
+    const FullMenu menu(10 * 1024);
+    const MenuState searching{.searchQuery = QString::fromLatin1(query)};
+    for (auto _ : state)
+        benchmark::DoNotOptimize(statusMenu(menu.content, searching));
+}
+
+} // namespace
+
+BENCHMARK(buildMenu)->Arg(50)->Arg(10 * 1024)->Arg(1024 * 1024)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchMenu, everything, "e")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchMenu, a_few, "Snippet")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchMenu, at_the_ends, "199 the quick")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchMenu, nothing, "the quick brown foxes")->Unit(benchmark::kMicrosecond);
+
+} // namespace quorvel::testing

@@ -1,0 +1,134 @@
+#include "FakeKeyPoster.h"
+#include "MenuRig.h"
+
+#include "app/MenuCommands.h"
+#include "menu/ClipItems.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace quorvel::testing {
+
+class MenuCommandsTest : public ::testing::Test, protected MenuRig {
+protected:
+    void choose(MenuAction action, const QString& about = {}, Modifiers held = {}) {
+        commands.run({action, about, held});
+    }
+
+    FakeKeyPoster keyPoster;
+    FocusTracker focus{workspace, mainQueue, 1};
+    PasteEngine engine{pasteboard, watcher, history, focus, workspace, keyPoster, mainQueue};
+    CopyTools copyTools{pasteboard, watcher};
+    MenuCommands commands{{history, smartFolders, snippets, pasteboard, engine, copyTools}};
+};
+
+TEST_F(MenuCommandsTest, EveryRowThatPastesFindsItsClipOrSnippet) {
+    insertLink(QStringLiteral("clip"));
+    const QString clip = idText(first().id);
+    const QUuid group = addGroup(QStringLiteral("g"));
+    const QUuid root = addSnippet(QStringLiteral("r"), QStringLiteral("root"));
+    const QUuid inner = addSnippet(QStringLiteral("i"), QStringLiteral("inner"), group);
+    const QString grouped = snippetText(group, inner);
+    const struct {
+        MenuAction action;
+        QString about;
+        const char* pasted; ///< Null for nothing.
+    } cases[]{
+        {MenuAction::pasteRecentSnippet, clip, "clip"},
+        {MenuAction::pasteRecentSnippet, QStringLiteral("smartRecent:") + clip, "clip"},
+        {MenuAction::pasteRootSnippet, idText(root), "root"},
+        {MenuAction::pasteRootSnippet, QStringLiteral("smartRoot:") + idText(root), "root"},
+        {MenuAction::pasteGroupSnippet, grouped, "inner"},
+        {MenuAction::pasteGroupSnippet, QStringLiteral("smartGroup:") + grouped, "inner"},
+        {MenuAction::pasteRecentSnippetWithMode, clip + QStringLiteral("|plainText"), "clip"},
+        {MenuAction::pasteRootSnippetWithMode, idText(root) + QStringLiteral("|normal"), "root"},
+        {MenuAction::pasteGroupSnippetWithMode, grouped + QStringLiteral("|normal"), "inner"},
+        {MenuAction::pasteRecentSnippetWithMode, clip, nullptr},
+        {MenuAction::pasteRecentSnippetWithMode, clip + QStringLiteral("|sideways"), nullptr},
+        {MenuAction::pasteRecentSnippetWithMode, clip + QStringLiteral("|a|normal"), nullptr},
+        {MenuAction::pasteRecentSnippet, idText(QUuid::createUuid()), nullptr},
+        {MenuAction::pasteRecentSnippet, QString(), nullptr},
+    };
+    QSignalSpy pasted(&engine, &PasteEngine::pasted);
+    for (const auto& [action, about, expected] : cases) {
+        pasted.clear();
+        choose(action, about);
+        ASSERT_EQ(pasted.size(), expected ? 1 : 0) << qPrintable(about);
+        if (expected) {
+            EXPECT_EQ(pasted.first().first().toString(), QString::fromLatin1(expected));
+        }
+    }
+    EXPECT_EQ(first().usageCount, 3);
+    EXPECT_EQ(snippets.snippet(root)->usageCount, 3);
+    EXPECT_EQ(snippets.snippet(inner)->usageCount, 3);
+}
+
+TEST_F(MenuCommandsTest, ControlAsksForEditingFirst) {
+    insert(QStringLiteral("clip"));
+    QSignalSpy edited(&engine, &PasteEngine::editRequested);
+    choose(MenuAction::pasteRecentSnippet, idText(first().id), Modifier::control);
+    ASSERT_EQ(edited.size(), 1);
+    EXPECT_EQ(edited.first().first().toString(), QStringLiteral("clip"));
+    EXPECT_EQ(pasteboard.writeCount(), 0);
+}
+
+TEST_F(MenuCommandsTest, TheClipboardBecomesASnippetWhereItWasAskedFor) {
+    QSignalSpy refused(&commands, &MenuCommands::snippetRefused);
+    const QUuid group = addGroup(QStringLiteral("g"));
+    choose(MenuAction::addFromClipboard);
+    EXPECT_EQ(refused.size(), 1) << "there is no text";
+    pasteboard.copyFromOutside(QStringLiteral("kept"));
+    choose(MenuAction::addFromClipboard);
+    choose(MenuAction::addFromClipboardToGroup, idText(group));
+    choose(MenuAction::addFromClipboardToGroup, idText(QUuid::createUuid()));
+    EXPECT_EQ(refused.size(), 2) << "there is no such group";
+    ASSERT_EQ(snippets.rootSnippets().size(), 1);
+    ASSERT_EQ(snippets.groups().first().snippets.size(), 1);
+    EXPECT_EQ(snippets.groups().first().snippets.first().text, QStringLiteral("kept"));
+}
+
+TEST_F(MenuCommandsTest, CopyToolsAndPinsReachWhatTheyName) {
+    const struct {
+        MenuAction action;
+        const char* text;
+    } tools[]{{MenuAction::copyClipboardAsPlainText, " aB  c"},
+              {MenuAction::copyClipboardTrimAndCollapse, "aB c"},
+              {MenuAction::copyClipboardUppercase, " AB  C"},
+              {MenuAction::copyClipboardLowercase, " ab  c"},
+              {MenuAction::copyClipboardTitleCase, " Ab  C"}};
+    for (const auto& [action, text] : tools) {
+        pasteboard.copyFromOutside(QStringLiteral(" aB  c"));
+        choose(action);
+        EXPECT_EQ(pasteboard.string(), QString::fromLatin1(text));
+    }
+    const QString clip = idText(first().id);
+    const struct {
+        MenuAction action;
+        bool pinned;
+        double seconds; ///< 0 for without end.
+    } pins[]{{MenuAction::togglePinRecentSnippet, true, 0},
+             {MenuAction::togglePinRecentSnippet, false, 0},
+             {MenuAction::pinRecentSnippetForHour, true, 3600},
+             {MenuAction::pinRecentSnippetForDay, true, 86400}};
+    for (const auto& [action, pinned, seconds] : pins) {
+        choose(action, clip);
+        EXPECT_EQ(first().pinned, pinned);
+        EXPECT_EQ(first().pinnedUntil,
+                  seconds > 0 ? std::optional(Date(clock.now() + seconds * 1s)) : std::nullopt);
+    }
+}
+
+TEST_F(MenuCommandsTest, WhatOthersDoIsTold) {
+    QSignalSpy hints(&commands, &MenuCommands::disableHintsSectionChosen);
+    QSignalSpy settings(&commands, &MenuCommands::openGeneralSettingsChosen);
+    QSignalSpy quit(&commands, &MenuCommands::quitChosen);
+    for (const MenuAction action : {MenuAction::none, MenuAction::disableHintsSection,
+                                    MenuAction::openGeneralSettings, MenuAction::quit})
+        choose(action);
+    EXPECT_EQ(hints.size() + settings.size() * 10 + quit.size() * 100, 111);
+}
+
+} // namespace quorvel::testing
