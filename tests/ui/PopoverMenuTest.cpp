@@ -267,9 +267,15 @@ TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
 }
 
 TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
-    answerSearches({QStringLiteral("a")});
-    open(searchable({QStringLiteral("a")}) << submenu(QStringLiteral("more"), clips(2)));
-    pressKeys("Up");
+    MenuItem hint = clip(QStringLiteral("hint")); // Above the field: no result.
+    hint.kind = MenuItemKind::hint;
+    QObject::connect(&menu(), &MenuRenderer::searchChanged, &menu(), [&](const QString& query) {
+        menu().update(QList<MenuItem>{hint} + searchable({}, query));
+    });
+    open(QList<MenuItem>{hint} + searchable({QStringLiteral("a")})
+         << submenu(QStringLiteral("more"), clips(2)));
+    pressKeys("End");
+    ASSERT_TRUE(comesTo(root(), QStringLiteral("more")));
     pressKeys("Right");
     ASSERT_TRUE(showsPanels(2));
     EXPECT_TRUE(comesTo(deepest(), QStringLiteral("clip 0")));
@@ -277,7 +283,7 @@ TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
     ASSERT_TRUE(showsPanels(1));
     pressKeys("x"); // Without a match.
     ASSERT_TRUE(asked({QStringLiteral("x")}));
-    pressKeys("Return");
+    pressKeys("Return"); // Chooses nothing.
     pressKeys("Escape");
     ASSERT_TRUE(asked({QStringLiteral("x"), QString()}));
     EXPECT_TRUE(menu().isOpen());
@@ -353,6 +359,36 @@ TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight)
     EXPECT_EQ(highlighted(root()), QStringLiteral("more"));
     button("click");
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen clip 2")}));
+}
+
+TEST_F(PopoverMenuTest, modifiersAreToldAndItsHotKeyClosesItUnlessItOnlyRepeats) {
+    QList<Modifiers> told;
+    QObject::connect(&menu(), &MenuRenderer::modifiersChanged, &menu(),
+                     [&](Modifiers held) { told.append(held); });
+    constexpr quint32 hotKey = 55;
+    menu().setClosingKey(hotKey, Modifier::command);
+    const auto focus = [] {
+        return uiDesktop()
+            .run(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")})
+            .output;
+    };
+    const QByteArray focusBefore = focus();
+    open(searchable({QStringLiteral("a")}));
+    EXPECT_EQ(focus(), focusBefore);
+    pressKeys("Alt_L");
+    EXPECT_TRUE(waitUntil([&] { return told == QList<Modifiers>{Modifier::option, Modifiers()}; }));
+    const auto send = [](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_V, Qt::MetaModifier, hotKey, 0, 0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(&root(), &event);
+    };
+    send(QEvent::KeyRelease, 1000);
+    send(QEvent::KeyPress, 1000);
+    EXPECT_TRUE(menu().isOpen());
+    send(QEvent::KeyRelease, 1040);
+    send(QEvent::KeyPress, 1200);
+    EXPECT_FALSE(menu().isOpen());
+    EXPECT_EQ(events(), QStringList(QStringLiteral("closed")));
 }
 
 TEST_F(PopoverMenuTest, rightToLeftLayoutsAreMirrored) {

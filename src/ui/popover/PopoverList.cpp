@@ -246,12 +246,13 @@ void PopoverList::paintEvent(QPaintEvent* event) {
 
 void PopoverList::paintRows(QPainter& painter, const QRect& part, const PopoverColors& colors) {
     RowPainter rows(painter, {m_context, m_metrics, colors, iconColumn(), layoutDirection()});
-    if (m_rows.count() == 1 && m_rows.isEmptyState(0))
-        return rows.paintEmptyState(m_rows.item(0), rect());
     const int start = part.top() - PopoverMetrics::edge + qRound(m_offset);
     for (int row = std::max(0, m_rows.rowAt(std::max(0, start)));
          row < m_rows.count() && top(row) <= part.bottom(); ++row)
-        rows.paint(m_rows.item(row), placeOf(row), stateOf(row));
+        if (m_rows.isEmptyState(row))
+            rows.paintEmptyState(m_rows.item(row), m_rows.count() == 1 ? rect() : placeOf(row));
+        else
+            rows.paint(m_rows.item(row), placeOf(row), stateOf(row));
 }
 
 void PopoverList::paintScrollBar(QPainter& painter, const PopoverColors& colors) {

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -91,6 +92,8 @@ void PopoverPanel::showSearch(const QList<MenuItem>& items) {
     setFocusProxy(m_hasSearch ? m_field : nullptr);
     if (!m_hasSearch)
         return;
+    m_field->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                          Qt::AlignAbsolute | Qt::AlignVCenter);
     m_field->setPlaceholderText(search->title);
     m_field->setAccessibleName(search->title);
     if (isVisible() && !m_field->hasFocus())

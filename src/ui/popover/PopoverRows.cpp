@@ -9,14 +9,9 @@ namespace quorvel {
 
 namespace {
 
-/// The same as a list of wrapped lines, in points.
 int textBoxHeight(const QString& text, const PopoverMetrics& metrics, int width) {
     const QString lines = wrappedText(text, metrics.title, width, PopoverMetrics::mostTextLines);
     return (int(lines.count(u'\n')) + 1) * metrics.titleHeight + 4 * PopoverMetrics::padding;
-}
-
-bool isStatement(const MenuItem& item) {
-    return item.kind == MenuItemKind::ordinary && !item.enabled;
 }
 
 } // namespace
@@ -25,7 +20,8 @@ void PopoverRows::set(const QList<MenuItem>& items) {
     m_items = items;
     m_rows.clear();
     m_sections.clear();
-    m_start = 0;
+    m_start = m_ordinary = 0;
+    m_last = none;
     m_hasIcons = m_hasPictures = false;
     qsizetype separator = -1;
     bool startsSection = true;
@@ -54,6 +50,10 @@ void PopoverRows::set(const QList<MenuItem>& items) {
 void PopoverRows::add(qsizetype index) {
     const MenuItem& item = std::as_const(m_items)[index];
     m_rows.push_back({.item = index});
+    if (item.kind == MenuItemKind::ordinary) {
+        ++m_ordinary;
+        m_last = count() - 1;
+    }
     m_hasPictures = m_hasPictures || !item.imagePNGData.isEmpty();
     m_hasIcons = m_hasIcons || m_hasPictures ||
                  (item.kind == MenuItemKind::ordinary &&
@@ -85,7 +85,7 @@ int PopoverRows::heightOf(int row, const PopoverMetrics& metrics, int width) con
     case MenuItemKind::ordinary:
         break;
     }
-    if (isEmptyState(row))
+    if (isEmptyState(row) && !shown.symbol.isEmpty())
         return metrics.emptyState;
     return shown.detail.isEmpty() && shown.imagePNGData.isEmpty() ? metrics.singleRow
                                                                   : metrics.doubleRow;
@@ -113,7 +113,7 @@ bool PopoverRows::isSelectable(int row) const {
 }
 
 bool PopoverRows::isEmptyState(int row) const {
-    return count() == 1 && isStatement(item(row));
+    return m_ordinary == 1 && row == m_last && !item(row).enabled;
 }
 
 int PopoverRows::next(int from, int step) const {

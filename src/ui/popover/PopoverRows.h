@@ -34,7 +34,7 @@ public:
     /// Whether the highlight can stand on it.
     bool isSelectable(int row) const;
 
-    /// Whether it only says that there is nothing, and nothing else stands in the list.
+    /// Whether it only says that there is nothing, and the list has no other item.
     bool isEmptyState(int row) const;
 
     /// Whether some row shows a symbol, a colour or a picture; whether some shows a picture.
@@ -77,6 +77,8 @@ private:
     std::vector<Row> m_rows;
     std::vector<int> m_sections; ///< The first selectable row of each.
     int m_start = 0;             ///< The first row below the search field.
+    int m_ordinary = 0;          ///< How many items there are,
+    int m_last = none;           ///< and the last of them.
     int m_height = 0;
     bool m_hasIcons = false;
     bool m_hasPictures = false;

@@ -2,8 +2,11 @@
 
 #include "ui/MenuText.h"
 
-#include <QLabel>
-#include <QVBoxLayout>
+#include <QAbstractTextDocumentLayout>
+#include <QPaintEvent>
+#include <QTextDocument>
+
+#include <cmath>
 
 namespace quorvel {
 
@@ -22,50 +25,56 @@ bool saysMore(const MenuItem& item) {
 } // namespace
 
 /// Looks like a small panel.
-class TipWindow final : public QLabel {
+class TipWindow final : public QWidget {
 public:
     TipWindow(QWidget* parent, PanelFrame::Shape shape)
-        : QLabel(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+        : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
         , m_frame(shape) {
         setAttribute(Qt::WA_ShowWithoutActivating);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setAttribute(Qt::WA_TranslucentBackground, shape == PanelFrame::Shape::blended);
-        setContentsMargins(m_frame.margins() + QMargins(inset, inset, inset, inset));
-        setTextFormat(Qt::RichText);
-        setFont(PopoverMetrics(font()).detail);
     }
 
-    QMargins frameMargins() const { return m_frame.margins(); }
-
-    void showText(const QString& text) {
-        setWordWrap(false);
-        setText(toolTipMarkup(text));
-        const int most = mostWidth + 2 * inset + m_frame.margins().left() * 2;
-        if (sizeHint().width() > most)
-            setWordWrap(true);
-        setFixedWidth(std::min(most, sizeHint().width()));
-        resize(width(), wordWrap() ? heightForWidth(width()) : sizeHint().height());
+    /// Each returns the size of the panel without its shadow.
+    QSize setText(const QString& text) {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        m_text.setDefaultTextOption(option);
+        m_text.setDocumentMargin(0);
+        m_text.setDefaultFont(PopoverMetrics(font()).detail);
+        m_text.setDefaultStyleSheet(QStringLiteral("p { margin: 0 }"));
+        m_text.setHtml(toolTipMarkup(text));
+        m_text.setTextWidth(std::min<qreal>(mostWidth, std::ceil(m_text.idealWidth())));
+        return padded(m_text.size().toSize() + QSize(1, 0));
     }
-
-    void showPicture(QPixmap picture) {
+    QSize setPicture(QPixmap picture) {
         picture.setDevicePixelRatio(devicePixelRatioF());
-        setMinimumWidth(0);
-        setMaximumWidth(QWIDGETSIZE_MAX);
-        setPixmap(picture);
-        resize(sizeHint());
+        m_picture = picture;
+        return padded(picture.deviceIndependentSize().toSize());
     }
+
+    void setPlace(const QRect& place) { setGeometry(place.marginsAdded(m_frame.margins())); }
 
 protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
-        m_frame.paint(painter, rect().marginsRemoved(m_frame.margins()), rect(),
-                      PopoverColors(palette()));
-        painter.end();
-        QLabel::paintEvent(event);
+        const PopoverColors colors(palette());
+        const QRect panel = rect().marginsRemoved(m_frame.margins());
+        m_frame.paint(painter, panel, event->rect(), colors);
+        painter.translate(panel.topLeft() + QPoint(inset, inset));
+        if (!m_picture.isNull())
+            return painter.drawPixmap(0, 0, m_picture);
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.palette.setColor(QPalette::Text, colors.text);
+        m_text.documentLayout()->draw(&painter, context);
     }
 
 private:
+    static QSize padded(QSize content) { return content + QSize(2 * inset, 2 * inset); }
+
     PanelFrame m_frame;
+    QTextDocument m_text;
+    QPixmap m_picture;
 };
 
 PopoverTip::PopoverTip(PopoverStack& stack, const PopoverContext& context)
@@ -105,20 +114,17 @@ void PopoverTip::show() {
     if (!m_stack.isSelectable(m_spot) || m_spot.level + 1 < m_stack.depth())
         return;
     const MenuItem item = m_stack.list(m_spot.level).rows().item(m_spot.row);
-    const QIcon picture =
-        item.imagePNGData.isEmpty() ? QIcon() : m_context.previews.icon(item.imagePNGData);
-    if (picture.isNull() && !saysMore(item))
-        return;
+    const bool isPicture = !item.imagePNGData.isEmpty();
+    const QIcon picture = isPicture ? m_context.previews.icon(item.imagePNGData) : QIcon();
+    if (isPicture ? picture.isNull() : !saysMore(item))
+        return; // A picture comes when it is decoded.
     PopoverPanel& panel = m_stack.panel(m_spot.level);
     m_window = std::make_unique<TipWindow>(&panel, panel.shape());
-    if (picture.isNull())
-        m_window->showText(item.toolTip);
-    else
-        m_window->showPicture(
-            picture.pixmap(picture.availableSizes().value(0), panel.devicePixelRatioF()));
+    const QSize size =
+        isPicture ? m_window->setPicture(picture.pixmap(picture.availableSizes().value(0), 1.0))
+                  : m_window->setText(item.toolTip);
     const PopoverList& list = panel.list();
     const QRect row = list.placeOf(m_spot.row).translated(list.mapToGlobal(QPoint()));
-    const QSize size = m_window->size().shrunkBy(m_window->frameMargins());
     const bool isMirrored = panel.layoutDirection() == Qt::RightToLeft;
     const QRect beside = panel.place().adjusted(-gap, 0, gap, 0);
     const QRect place =
@@ -127,7 +133,7 @@ void PopoverTip::show() {
             .place;
     if (place.intersects(panel.place()))
         return hide();
-    m_window->setGeometry(place.marginsAdded(m_window->frameMargins()));
+    m_window->setPlace(place);
     m_window->show();
 }
 
