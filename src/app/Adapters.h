@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "paste/TextEditor.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
@@ -20,6 +21,7 @@ struct Adapters {
     HotKeyCenter& hotKeys;
     TrayIcon& statusItem;
     MenuRenderer& menu;
+    TextEditor& textEditor;
     Desktop& desktop;
     const TextServices& textServices;
 };
