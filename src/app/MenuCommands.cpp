@@ -63,9 +63,8 @@ void MenuCommands::paste(const RowSource& source, PasteOption option) {
     if (!snippet)
         return;
     SnippetStore& snippets = m_parts.snippets;
-    m_parts.pasteEngine.pasteText(snippet->text, option, [&snippets, id = source.id] {
-        snippets.incrementUsageCount(id);
-    });
+    m_parts.pasteEngine.pasteText(
+        snippet->text, option, [&snippets, id = source.id] { snippets.incrementUsageCount(id); });
 }
 
 /// To the group that the choice names, or to the root.

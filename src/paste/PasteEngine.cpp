@@ -49,8 +49,8 @@ void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption opti
 void PasteEngine::requestEdit(const RecentClipboardEntry& entry) {
     const QList<ClipboardSnapshotItem> forms =
         entry.payloadItems.isEmpty() ? entry.payloadItems : pasteboardItems(entry);
-    emit editRequested({entry.text, forms, PasteOption::normal,
-                        [this, id = entry.id] { m_history.bump(id); }});
+    emit editRequested(
+        {entry.text, forms, PasteOption::normal, [this, id = entry.id] { m_history.bump(id); }});
 }
 
 void PasteEngine::pasteText(const QString& text, PasteOption option,

@@ -14,11 +14,24 @@ namespace {
 /// must end as well.
 constexpr qsizetype longestWord = 4096;
 
+bool isLetterAt(QStringView text, qsizetype position) {
+    if (position >= text.size())
+        return false;
+    const QChar c = text.at(position);
+    const bool isPair = c.isHighSurrogate() && position + 1 < text.size();
+    return isPair ? QChar::isLetter(QChar::surrogateToUcs4(c, text.at(position + 1)))
+                  : c.isLetter();
+}
+
+/// The finder tells of no word that begins with an ideograph, but has a boundary there.
 qsizetype wordCount(QStringView text) {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text.data(), text.size());
     qsizetype count = 0;
     do
-        count += finder.boundaryReasons().testFlag(QTextBoundaryFinder::StartOfItem) ? 1 : 0;
+        count += finder.boundaryReasons().testFlag(QTextBoundaryFinder::StartOfItem) ||
+                         isLetterAt(text, finder.position())
+                     ? 1
+                     : 0;
     while (finder.toNextBoundary() >= 0);
     return count;
 }

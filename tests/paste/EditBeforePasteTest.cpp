@@ -66,8 +66,8 @@ TEST(EditBeforePaste, OffersTheOriginalFormsWhenThereAreOthersThanText) {
         return editorState({QStringLiteral("x"), {item}}).supportsRichPaste;
     };
     EXPECT_FALSE(offered({QStringLiteral("UTF8_STRING"), QStringLiteral("TEXT"),
-                          QStringLiteral("text/plain;charset=UTF-8"),
-                          QStringLiteral("TEXT/PLAIN"), QStringLiteral("COMPOUND_TEXT")}));
+                          QStringLiteral("text/plain;charset=UTF-8"), QStringLiteral("TEXT/PLAIN"),
+                          QStringLiteral("COMPOUND_TEXT")}));
     EXPECT_TRUE(offered({QStringLiteral("UTF8_STRING"), QStringLiteral("text/html")}));
     EXPECT_TRUE(offered({QStringLiteral("text/rtf")}));
     EXPECT_FALSE(editorState({QStringLiteral("x")}).supportsRichPaste);
@@ -82,8 +82,9 @@ TEST(TextCounter, CountsTheSameInWhateverBits) {
         {QStringLiteral("one"), {3, 1, 1}},
         {QStringLiteral("one two\nthree\n"), {14, 3, 2}},
         {QStringLiteral("\n\n"), {2, 0, 2}},
-        {QStringLiteral("\u00E9e\u0301 \U0001F468\u200D\U0001F469\u200D\U0001F467 don't 3.14\n\u4E2D"),
-         {16, 4, 2}},
+        {QStringLiteral(
+             "\u00E9e\u0301 \U0001F468\u200D\U0001F469\u200D\U0001F467 don't 3.14\n\u4E2D"),
+         {17, 4, 2}},
         {QStringLiteral(" \u2014 ... "), {7, 0, 1}},
     };
     for (const auto& c : cases)

@@ -30,6 +30,9 @@ constexpr int margin = 20;
 constexpr int gap = 12;
 constexpr qreal titleScale = 1.3;
 
+constexpr float edgeOpacity = 0.3F;
+constexpr int blanksPerTab = 8;
+
 /// Of the screen, on one that is too small for the usual size.
 constexpr qreal mostOfScreen = 0.95;
 
@@ -52,7 +55,9 @@ EditorPanel::EditorPanel(const EditBeforePasteState& state, const StringTable& s
 void EditorPanel::setUpText(const EditBeforePasteState& state) {
     m_text.setAccessibleName(text("menu.pasteWithEdit.title"));
     m_text.setTabChangesFocus(true);
-    m_text.setPlainText(m_editorText.shown());
+    m_text.setTabStopDistance(blanksPerTab * m_text.fontMetrics().horizontalAdvance(u' '));
+    m_text.document()->setDocumentMargin(gap / 2);
+    m_loader.emplace(m_text, m_editorText.shown());
     connect(&m_text, &QPlainTextEdit::textChanged, this,
             [this] { m_counts.noteChange(m_text.document()->characterCount()); });
     m_counts.noteChange(state.text.size());
@@ -94,6 +99,8 @@ QLayout* EditorPanel::headings() {
     title->setFont(font);
     auto* message = new QLabel(text("menu.pasteWithEdit.message"));
     message->setWordWrap(true);
+    message->setForegroundRole(QPalette::PlaceholderText);
+    m_counts.setForegroundRole(QPalette::PlaceholderText);
     auto* rows = new QVBoxLayout;
     rows->setSpacing(gap / 3);
     rows->addWidget(title);
@@ -123,8 +130,7 @@ QLayout* EditorPanel::actions() {
     QPushButton* paste = buttons->addButton(text("action.paste"), QDialogButtonBox::AcceptRole);
     buttons->addButton(text("action.cancel"), QDialogButtonBox::RejectRole);
     paste->setDefault(true);
-    paste->setToolTip(
-        QKeySequence(Qt::CTRL | Qt::Key_Return).toString(QKeySequence::NativeText));
+    paste->setToolTip(QKeySequence(Qt::CTRL | Qt::Key_Return).toString(QKeySequence::NativeText));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
@@ -151,8 +157,7 @@ void EditorPanel::present(QPoint offset) {
 
 void EditorPanel::placeAt(QPoint offset) {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-    const QRect place =
-        (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const QRect place = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     resize(usualSize.boundedTo(place.size() * mostOfScreen));
     move(place.center() - rect().center() + offset);
 }
@@ -172,7 +177,9 @@ void EditorPanel::mouseMoveEvent(QMouseEvent* event) {
 /// An edge, since there is no frame.
 void EditorPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
+    QColor edge = palette().color(QPalette::WindowText);
+    edge.setAlphaF(edgeOpacity);
+    painter.setPen(edge);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

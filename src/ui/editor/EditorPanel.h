@@ -4,11 +4,14 @@
 #include "paste/EditBeforePaste.h"
 #include "ui/editor/CountLabel.h"
 #include "ui/editor/EditorText.h"
+#include "ui/editor/TextLoader.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QPlainTextEdit>
+
+#include <optional>
 
 namespace quorvel {
 
@@ -49,6 +52,7 @@ private:
     const EditBeforePasteState m_state; ///< As it was in the beginning.
     const EditorText m_editorText;
     QPlainTextEdit m_text;
+    std::optional<TextLoader> m_loader;
     QComboBox m_case;
     QCheckBox m_trimCollapse;
     QCheckBox m_plainText;
