@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "paste/TextEditor.h"
 #include "platform/Appearance.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
@@ -21,6 +22,7 @@ struct Adapters {
     HotKeyCenter& hotKeys;
     TrayIcon& statusItem;
     MenuRenderer& menu;
+    TextEditor& textEditor;
     Desktop& desktop;
     Appearance& appearance;
     const TextServices& textServices;

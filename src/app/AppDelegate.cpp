@@ -125,7 +125,11 @@ QList<LaunchStep> AppDelegate::terminationSteps() {
          }},
         {QStringLiteral("history"), [this] { m_historyStore.writeNow(); }},
         {QStringLiteral("snippets"), [this] { m_store.saveNow(); }},
-        {QStringLiteral("menu"), [this] { m_menu.close(); }},
+        {QStringLiteral("menu"),
+         [this] {
+             m_menu.close();
+             m_adapters.textEditor.close();
+         }},
         {QStringLiteral("hot keys"), [this] { m_hotKeys.unregisterAll(); }},
     };
 }
@@ -201,6 +205,7 @@ void AppDelegate::wireStores() {
 }
 
 void AppDelegate::wirePaste() {
+    connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
     connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
@@ -235,6 +240,15 @@ void AppDelegate::wireControl() {
 void AppDelegate::openGeneralSettings() {
     m_preferenceStore.ensureFile();
     m_adapters.desktop.openFile(m_preferenceStore.path());
+}
+
+void AppDelegate::edit(const EditRequest& request) {
+    m_adapters.textEditor.present(
+        editorState(request),
+        [self = QPointer(this), request](const std::optional<EditBeforePasteState>& edited) {
+            if (self && edited)
+                self->m_pasteEngine.pasteEdited(request, *edited);
+        });
 }
 
 void AppDelegate::reportPost(PostOutcome outcome) {

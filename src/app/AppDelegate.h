@@ -71,6 +71,7 @@ private:
     void wireStores();
     void wireControl();
     void openGeneralSettings();
+    void edit(const EditRequest& request);
     void reportPost(PostOutcome outcome);
     void reportSaveProblem();
     void refuseSnippet(SnippetProblem problem);

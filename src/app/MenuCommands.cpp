@@ -62,8 +62,9 @@ void MenuCommands::paste(const RowSource& source, PasteOption option) {
     const Snippet* snippet = m_parts.snippets.snippet(source.id);
     if (!snippet)
         return;
-    m_parts.pasteEngine.pasteText(snippet->text, option);
-    m_parts.snippets.incrementUsageCount(source.id);
+    SnippetStore& snippets = m_parts.snippets;
+    m_parts.pasteEngine.pasteText(
+        snippet->text, option, [&snippets, id = source.id] { snippets.incrementUsageCount(id); });
 }
 
 /// To the group that the choice names, or to the root.

@@ -13,6 +13,7 @@
 #include "ui/QtDesktop.h"
 #include "ui/StatusItem.h"
 #include "ui/SwitchingMenu.h"
+#include "ui/editor/QtTextEditor.h"
 
 namespace quorvel {
 
@@ -26,7 +27,8 @@ struct X11Platform::Parts {
               connection, mainQueue, hotKeys,
               {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
         , menu(icons, strings)
-        , statusItem(strings, icons) {
+        , statusItem(strings, icons)
+        , textEditor(strings) {
         menu.setKeyPositions(hotKeys);
         connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
                 &StatusItem::setEmbedderPresent);
@@ -45,6 +47,7 @@ struct X11Platform::Parts {
     StatusItem statusItem;
     QtDesktop desktop;
     QtAppearance appearance;
+    QtTextEditor textEditor;
 };
 
 X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
@@ -57,9 +60,17 @@ X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQue
 X11Platform::~X11Platform() = default;
 
 Adapters X11Platform::adapters() {
-    return {QStringLiteral("x11"), m_parts->pasteboard, m_parts->workspace, m_parts->keyPoster,
-            m_parts->hotKeys,      m_parts->statusItem, m_parts->menu,      m_parts->desktop,
-            m_parts->appearance,   m_textServices};
+    return {.name = QStringLiteral("x11"),
+            .pasteboard = m_parts->pasteboard,
+            .workspace = m_parts->workspace,
+            .keyPoster = m_parts->keyPoster,
+            .hotKeys = m_parts->hotKeys,
+            .statusItem = m_parts->statusItem,
+            .menu = m_parts->menu,
+            .textEditor = m_parts->textEditor,
+            .desktop = m_parts->desktop,
+            .appearance = m_parts->appearance,
+            .textServices = m_textServices};
 }
 
 void X11Platform::warmUp() {

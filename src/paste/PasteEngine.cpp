@@ -38,23 +38,36 @@ void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption opti
     const bool needsText = option == PasteOption::plainText || option == PasteOption::withEdit;
     if (entry.isImage() && needsText)
         return;
-    const RecentClipboardEntry pastedEntry = entry; // Using it moves it in the history.
     if (option == PasteOption::withEdit)
-        emit editRequested(pastedEntry.text);
-    else if (option == PasteOption::plainText)
-        pasteText(pastedEntry.text, option);
-    else
-        paste(pasteboardItems(pastedEntry), option);
-    if (!needsText)
-        emit pasted(pastedEntry.text);
+        return requestEdit(entry);
+    const RecentClipboardEntry pastedEntry = entry; // Using it moves it in the history.
+    paste(needsText ? QList{textItem(pastedEntry.text)} : pasteboardItems(pastedEntry), option);
+    emit pasted(pastedEntry.text);
     m_history.bump(pastedEntry.id);
 }
 
-void PasteEngine::pasteText(const QString& text, PasteOption option) {
+void PasteEngine::requestEdit(const RecentClipboardEntry& entry) {
+    const QList<ClipboardSnapshotItem> forms =
+        entry.payloadItems.isEmpty() ? entry.payloadItems : pasteboardItems(entry);
+    emit editRequested(
+        {entry.text, forms, PasteOption::normal, [this, id = entry.id] { m_history.bump(id); }});
+}
+
+void PasteEngine::pasteText(const QString& text, PasteOption option,
+                            const std::function<void()>& used) {
     if (option == PasteOption::withEdit)
-        return emit editRequested(text);
+        return emit editRequested({text, {}, PasteOption::normal, used});
     paste({textItem(text)}, option);
     emit pasted(text);
+    if (used)
+        used();
+}
+
+void PasteEngine::pasteEdited(const EditRequest& request, const EditBeforePasteState& state) {
+    paste(resultItems(request, state), request.option);
+    emit pasted(resultText(state));
+    if (request.used)
+        request.used();
 }
 
 void PasteEngine::paste(const QList<ClipboardSnapshotItem>& items, PasteOption option) {

@@ -3,6 +3,7 @@
 #include "clipboard/ClipboardHistory.h"
 #include "clipboard/PasteboardWatcher.h"
 #include "foundation/MainQueue.h"
+#include "paste/EditBeforePaste.h"
 #include "paste/FocusTracker.h"
 #include "paste/PasteOption.h"
 #include "platform/KeyPoster.h"
@@ -23,11 +24,15 @@ public:
 
     /// Pastes an entry and counts the use: with every form in which it was captured, or its text
     /// alone as plain text; a picture has none, and nothing happens. To be edited first, it is
-    /// handed on by `editRequested`.
+    /// handed on by `editRequested`, and its use counts when it is pasted.
     void pasteEntry(const RecentClipboardEntry& entry, PasteOption option = PasteOption::normal);
 
-    /// Pastes a text alone.
-    void pasteText(const QString& text, PasteOption option = PasteOption::normal);
+    /// Pastes a text alone. `used` is called when it is pasted: at once, or after the edit.
+    void pasteText(const QString& text, PasteOption option = PasteOption::normal,
+                   const std::function<void()>& used = {});
+
+    /// Pastes what has become of a text that was to be edited.
+    void pasteEdited(const EditRequest& request, const EditBeforePasteState& state);
 
     /// From the focus coming back to the keys, so that the program has settled.
     static constexpr std::chrono::milliseconds targetedDelay{80};
@@ -42,8 +47,9 @@ signals:
     /// A paste was asked for: counted whether or not its keys arrive.
     void pasted(const QString& text);
 
-    /// The user wants to change the text first.
-    void editRequested(const QString& text);
+    /// The user wants to change the text first. `pasteEdited` goes on; if it is not called,
+    /// nothing has happened.
+    void editRequested(const quorvel::EditRequest& request);
 
     /// Keys cannot be posted on this desktop; told once until they could be. The clip is on the
     /// pasteboard.
@@ -54,6 +60,7 @@ signals:
     void keysPosted(quorvel::PostOutcome outcome);
 
 private:
+    void requestEdit(const RecentClipboardEntry& entry);
     void write(const QList<ClipboardSnapshotItem>& items);
     void paste(const QList<ClipboardSnapshotItem>& items, PasteOption option);
     void restoreLater(const QList<ClipboardSnapshotItem>& before);

@@ -34,7 +34,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               desktop, appearance, textServices}) {}
+               textEditor, desktop, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -51,6 +51,7 @@ struct Program {
     FakeHotKeyCenter hotKeys;
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
+    FakeTextEditor textEditor;
     FakeDesktop desktop;
     FakeAppearance appearance;
     FakeTextServices textServices;
@@ -190,6 +191,40 @@ TEST_F(AppDelegateTest, TheMenuPastesAndTheFooterActs) {
     program.menu.choose(program.menu.tree.last());
     EXPECT_EQ(program.desktop.openedFiles, QStringList(program.paths.preferencesFile));
     EXPECT_TRUE(QFile::exists(program.paths.preferencesFile));
+}
+
+TEST_F(AppDelegateTest, WithControlHeldAClipOrASnippetIsEditedFirst) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    const QUuid snippet = program.delegate.store().addFromClipboard(QStringLiteral("kept")).id;
+    program.copy(QStringLiteral("a"));
+    program.copy(QStringLiteral("b"));
+    const auto choose = [&](const QString& title) {
+        emit program.statusItem.activated();
+        program.menu.hold(Modifier::control);
+        program.menu.choose(row(program.menu.tree, title));
+        program.menu.hold({});
+        program.mainQueue.advance(1s);
+        EXPECT_EQ(program.textEditor.shown.text, title);
+        EXPECT_TRUE(program.textEditor.isOpen());
+    };
+    const auto uses = [&] { return program.delegate.store().snippet(snippet)->usageCount; };
+    choose(QStringLiteral("kept"));
+    program.textEditor.end(std::nullopt);
+    program.mainQueue.advance(1s);
+    EXPECT_EQ(program.pasteboard.string(), QStringLiteral("b"));
+    EXPECT_EQ(uses(), 0);
+    for (const QString& title : {QStringLiteral("kept"), QStringLiteral("a")}) {
+        choose(title);
+        program.textEditor.end(EditBeforePasteState{title + u'!'});
+        program.mainQueue.advance(1s);
+        EXPECT_EQ(program.pasteboard.string(), title + u'!');
+    }
+    EXPECT_EQ(uses(), 1);
+    EXPECT_EQ(program.keyPoster.posts().size(), 2);
+    choose(QStringLiteral("b"));
+    program.delegate.applicationWillTerminate();
+    EXPECT_FALSE(program.textEditor.isOpen());
 }
 
 TEST_F(AppDelegateTest, FailedPastesAreTold) {

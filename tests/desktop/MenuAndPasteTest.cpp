@@ -100,6 +100,45 @@ TEST_F(MenuAndPasteTest, chosenClipsArriveInEditors) {
     }
 }
 
+TEST_F(MenuAndPasteTest, aClipChosenWithControlIsEditedAndThenArrives) {
+    begin(TrayHost::none);
+    copy({QStringLiteral("edited text"), QStringLiteral("newer")});
+    const QString file = path(QStringLiteral("typed"));
+    const auto terminal = startTerminalThatWrites(file);
+    const QByteArray front = xdotool({QStringLiteral("getactivewindow")}).output;
+    const auto editorHasTheKeyboard = [&] {
+        const QByteArray active = xdotool({QStringLiteral("getactivewindow")}).output.trimmed();
+        const QByteArray title =
+            xdotool({QStringLiteral("getwindowname"), QString::fromLatin1(active)}).output;
+        return title == "Edit and Paste\n";
+    };
+    const auto edit = [&] {
+        ASSERT_TRUE(menuOpens([&] { press(QStringLiteral("super+shift+v")); }));
+        xdotool({QStringLiteral("key"), QStringLiteral("Down")});
+        press(QStringLiteral("ctrl+Return"));
+        ASSERT_TRUE(waitUntil(editorHasTheKeyboard));
+        xdotool({QStringLiteral("type"), QStringLiteral("well ")});
+        press(QStringLiteral("ctrl+End"));
+        press(QStringLiteral("Return"));
+    };
+    const auto terminalHasTheKeyboard = [&] {
+        return xdotool({QStringLiteral("getactivewindow")}).output == front;
+    };
+    edit();
+    press(QStringLiteral("Escape"));
+    EXPECT_TRUE(waitUntil(terminalHasTheKeyboard));
+    EXPECT_EQ(newestText(), QStringLiteral("newer"));
+    EXPECT_EQ(content(file), "");
+
+    edit();
+    press(QStringLiteral("ctrl+Return"));
+    EXPECT_TRUE(waitUntil([&] { return content(file) == "well edited text\n"; }))
+        << content(file).constData();
+    EXPECT_TRUE(terminalHasTheKeyboard());
+    EXPECT_EQ(newestText(), QStringLiteral("edited text"));
+    EXPECT_EQ(clips().size(), 2) << "what was edited is no copy";
+}
+
 TEST_F(MenuAndPasteTest, theControlToolPastesIntoTheProgramInFront) {
     begin(TrayHost::none);
     copy({QStringLiteral("from the command line\n"), QStringLiteral("newer")});

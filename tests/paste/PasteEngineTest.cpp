@@ -81,6 +81,37 @@ TEST_F(PasteEngineTest, EveryCapturedFormIsPastedWithTheText) {
     EXPECT_EQ(written.at(3), (PasteboardRepresentation{pasteboardTypeString, "x"}));
 }
 
+TEST_F(PasteEngineTest, ATextThatIsToBeEditedIsPastedWhenThatIsDone) {
+    const QList<ClipboardSnapshotItem> rich{
+        {{{QStringLiteral("text/html"), "<b>x</b>"}, {QStringLiteral("UTF8_STRING"), "x"}}}};
+    const QUuid id = copied(rich);
+    copied(QStringLiteral("newer"));
+    std::optional<EditRequest> request;
+    QObject::connect(&engine, &PasteEngine::editRequested,
+                     [&](const EditRequest& asked) { request = asked; });
+    paste(id, PasteOption::withEdit);
+    mainQueue.advance(1s);
+    ASSERT_TRUE(request.has_value());
+    EXPECT_TRUE(editorState(*request).supportsRichPaste);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("newer"));
+    EXPECT_EQ(texts().first(), QStringLiteral("newer")) << "not used yet";
+    EXPECT_TRUE(keyPoster.posts().isEmpty());
+
+    QSignalSpy pasted(&engine, &PasteEngine::pasted);
+    QSignalSpy captured(&history, &ClipboardHistory::entryCaptured);
+    engine.pasteEdited(*request, {.text = QStringLiteral("x2"), .pasteAsPlainText = false});
+    EXPECT_EQ(pasteboard.items(), QList{textItem(QStringLiteral("x2"))});
+    mainQueue.advance(1s);
+    EXPECT_EQ(keyPoster.posts(), QList<std::optional<FocusTarget>>({FocusTarget{7, 70, 71}}));
+    EXPECT_EQ(pasted, QList<QVariantList>{{QStringLiteral("x2")}});
+    EXPECT_EQ(first().text, QStringLiteral("x"));
+    EXPECT_EQ(first().usageCount, 1);
+    EXPECT_TRUE(captured.isEmpty());
+
+    engine.pasteEdited(*request, {.text = QStringLiteral("x"), .pasteAsPlainText = false});
+    EXPECT_EQ(pasteboard.items().first().payloadByType.mid(0, 2), rich.first().payloadByType);
+}
+
 TEST_F(PasteEngineTest, WithoutCapturedFormsTheTextOrThePictureIsPasted) {
     history.insert({.text = QStringLiteral("stored")});
     paste(first().id);

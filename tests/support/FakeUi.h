@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuRenderer.h"
+#include "paste/TextEditor.h"
 #include "platform/Appearance.h"
 #include "platform/Desktop.h"
 #include "platform/TrayIcon.h"
@@ -49,6 +50,27 @@ public:
 
 private:
     bool m_open = false;
+};
+
+class FakeTextEditor final : public TextEditor {
+public:
+    void present(const EditBeforePasteState& state, Done done) override {
+        shown = state;
+        m_done = std::move(done);
+    }
+    void close() override { end(std::nullopt); }
+
+    /// The user pastes what they have made of it, or cancels.
+    void end(const std::optional<EditBeforePasteState>& edited) {
+        if (const Done done = std::exchange(m_done, nullptr))
+            done(edited);
+    }
+    bool isOpen() const { return bool(m_done); }
+
+    EditBeforePasteState shown;
+
+private:
+    Done m_done;
 };
 
 class FakeStatusItem final : public TrayIcon {
