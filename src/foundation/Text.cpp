@@ -70,6 +70,21 @@ bool reordersText(QChar c) {
     return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
 }
 
+/// A character may bear any number of marks, which would be drawn over everything above it.
+QString withFewMarks(const QString& line) {
+    constexpr int mostMarks = 4;
+    if (areSimple(line))
+        return line;
+    QString result;
+    int marks = 0;
+    for (const QChar c : line) {
+        marks = c.isMark() ? marks + 1 : 0;
+        if (marks <= mostMarks)
+            result += c;
+    }
+    return result;
+}
+
 } // namespace
 
 qsizetype characterCount(QStringView text) {
@@ -96,7 +111,7 @@ QString singleLine(const QString& text, qsizetype headUnits, qsizetype tailUnits
                        : visible.first(headUnits) % ellipsis % visible.last(tailUnits);
     line.removeIf([](QChar c) { return reordersText(c); });
     std::replace_if(line.begin(), line.end(), breaksLine, QLatin1Char(' '));
-    return line.trimmed();
+    return withFewMarks(line.trimmed());
 }
 
 } // namespace quorvel

@@ -13,7 +13,8 @@ qsizetype characterCount(QStringView text);
 QString shortened(const QString& text, int limit, int tail);
 
 /// One line for display: trimmed, with line breaks, tabs and control characters as blanks, without
-/// the marks that reorder text. Of a long text only this many UTF-16 units of its beginning and its
+/// the marks that reorder text and without all but a few combining marks of a character. Of a long
+/// text only this many UTF-16 units of its beginning and its
 /// end are kept, with "…" between, so the cost is bounded.
 QString singleLine(const QString& text, qsizetype headUnits = 512, qsizetype tailUnits = 128);
 

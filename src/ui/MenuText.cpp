@@ -62,15 +62,25 @@ QString lastLine(const QString& rest, const QFont& font, int width) {
     return QFontMetrics(font).elidedText(paragraph + ellipsis, Qt::ElideRight, width);
 }
 
+/// A title that was shortened before becomes shorter at the same place.
+QString narrowed(const QString& line, const QFontMetrics& metrics, int mostWidth) {
+    const qsizetype gap = line.indexOf(ellipsis);
+    const QString tail = gap < 0 ? QString() : line.mid(gap + 1);
+    const int room = mostWidth - metrics.horizontalAdvance(tail);
+    if (gap < 0 || tail.contains(ellipsis) || room < mostWidth / 3)
+        return metrics.elidedText(line, Qt::ElideMiddle, mostWidth);
+    if (metrics.horizontalAdvance(line) <= mostWidth)
+        return line;
+    return metrics.elidedText(line.left(gap + 1), Qt::ElideRight, room) + tail;
+}
+
 } // namespace
 
 QString titleLine(const QString& title, const QFontMetrics& metrics, int mostWidth) {
     QString line = title.left(cutPosition(title, std::min(mostTitleUnits, title.size())));
     line.remove(QLatin1Char('\t'));
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    if (line.size() > surelyNarrowUnits)
-        line = metrics.elidedText(line, Qt::ElideMiddle, mostWidth);
-    return line;
+    return line.size() > surelyNarrowUnits ? narrowed(line, metrics, mostWidth) : line;
 }
 
 QString menuTitle(const QString& title, const QFontMetrics& metrics, int mostWidth) {

@@ -43,6 +43,8 @@ TEST(Text, OneLineForDisplay) {
     EXPECT_EQ(singleLine(QStringLiteral("  a\nb\t\u2028c\x01 \r\n")), QStringLiteral("a b  c"));
     EXPECT_EQ(singleLine(QStringLiteral("\u202Eevil\u202C \u2066x")), QStringLiteral("evil x"));
     const QString longText = QString(5000, QLatin1Char('a')) + QStringLiteral("end");
+    EXPECT_EQ(singleLine(u'a' + QString(300, QChar(0x301)) + u'b'),
+              u'a' + QString(4, QChar(0x301)) + u'b');
     EXPECT_TRUE(singleLine(longText).endsWith(QStringLiteral("end")));
     EXPECT_LE(singleLine(longText).size(), 641);
 }

@@ -40,7 +40,7 @@ TEST_F(StatusMenuControllerTest, OpeningTakesAPendingCopyAndDropsLapsedPins) {
     pasteboard.setAnnouncesChanges(false);
     pasteboard.copyFromOutside(QStringLiteral("just copied"));
     controller.open(MenuVariant::main);
-    EXPECT_TRUE(shows("! Smart folders collect"));
+    EXPECT_TRUE(shows("! Smart folders gather"));
     EXPECT_TRUE(shows("1: just copied|2: pinned"));
     EXPECT_FALSE(shows("Pinned Clips"));
     EXPECT_FALSE(first().pinned);

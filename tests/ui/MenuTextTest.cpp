@@ -26,6 +26,11 @@ TEST(MenuTitle, aLongTitleKeepsItsEndsWithinTheWidth) {
     }
     EXPECT_LE(metrics.horizontalAdvance(menuTitle(QString(1'000'000, u'W'), metrics, width)),
               width);
+    const QString shortenedBefore = QString(29, u'W') + QStringLiteral("\u2026WWWWWWWend");
+    const QString title = menuTitle(shortenedBefore, metrics, width);
+    EXPECT_EQ(title.count(QChar(0x2026)), 1) << title.toStdString();
+    EXPECT_TRUE(title.endsWith(QStringLiteral("WWWWWWWend"))) << title.toStdString();
+    EXPECT_LE(metrics.horizontalAdvance(title), width);
 }
 
 QString shownText(const QString& toolTip) {

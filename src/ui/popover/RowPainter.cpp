@@ -231,9 +231,12 @@ void RowPainter::paintText(const QString& text, const QFont& font, const QColor&
                        (isMirrored() ? Qt::AlignRight : Qt::AlignLeft));
     option.setTextDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
+    m_painter.save(); // Marks upon marks stay within their row.
+    m_painter.setClipRect(place.adjusted(-1, -1, 1, 1), Qt::IntersectClip);
     m_painter.setFont(font);
     m_painter.setPen(color);
     m_painter.drawText(place, shown, option);
+    m_painter.restore();
 }
 
 QColor RowPainter::textColor(const MenuItem& item, RowState state) const {
