@@ -16,6 +16,7 @@ QList<MenuItem> hintSection(const MenuBuild& build) {
         return {};
     return {{.kind = MenuItemKind::hint,
              .title = build.state().hint,
+             .action = MenuAction::disableHintsSection, // for a form that can offer it in passing
              .symbol = QStringLiteral("lightbulb"),
              .enabled = false}};
 }

@@ -33,6 +33,9 @@ PopoverMenu::PopoverMenu(const Icons& icons, const StringTable& strings)
 
 void PopoverMenu::connectStack() {
     connect(&m_stack, &PopoverStack::chosen, this, &PopoverMenu::choose);
+    connect(&m_stack, &PopoverStack::hintDismissed, this, [this](const MenuItem& hint) {
+        emit chosen({hint.action, hint.representedObject, currentModifiers()});
+    });
     connect(&m_stack, &PopoverStack::hidden, this, &PopoverMenu::stackHidden);
     connect(&m_stack, &PopoverStack::submenuOpening, this, &PopoverMenu::submenuOpening);
     connect(&m_stack, &PopoverStack::searchChanged, this, &PopoverMenu::searchChanged);
@@ -54,6 +57,7 @@ void PopoverMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     const QPoint pointer = QCursor::pos();
     m_pointer.begin(pointer);
     m_stack.open(tree, pointer);
+    m_keyboard.menuOpened();
     if (isOpen())
         secureGrab();
 }

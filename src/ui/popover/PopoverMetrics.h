@@ -19,6 +19,7 @@ struct PopoverMetrics {
     static constexpr int gap = 10;    ///< Between the things in a row.
     static constexpr int iconSize = 18;
     static constexpr int markSize = 13; ///< Of pins and chevrons.
+    static constexpr int hintMark = 34; ///< The end of a hint's row, where it is dismissed.
     static constexpr QSize picture{40, 28};
     static constexpr int narrowIcons = 22; ///< The column of icons where no pictures stand.
     static constexpr int separator = 11;

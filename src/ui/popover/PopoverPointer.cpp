@@ -139,7 +139,8 @@ void PopoverPointer::release(const QMouseEvent& release) {
         return;
     const Spot spot = m_stack.spotAt(release.globalPosition().toPoint());
     m_settling.stop();
-    m_stack.activate(spot, PopoverStack::By::pointer);
+    if (!m_stack.dismissHint(spot, release.globalPosition().toPoint()))
+        m_stack.activate(spot, PopoverStack::By::pointer);
 }
 
 int PopoverPointer::heldScrollBar() const {

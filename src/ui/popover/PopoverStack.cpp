@@ -340,4 +340,18 @@ void PopoverStack::placeSubmenu(int level) {
     placed.setPlace(found.place);
 }
 
+bool PopoverStack::dismissHint(const Spot& spot, QPoint global) {
+    if (spot.level < 0 || spot.row == PopoverRows::none)
+        return false;
+    const MenuItem item = list(spot.level).rows().item(spot.row);
+    const QRect row = list(spot.level).placeOf(spot.row);
+    const int x = list(spot.level).mapFromGlobal(global).x();
+    const int fromEnd = QGuiApplication::isRightToLeft() ? x - row.left() : row.right() - x;
+    if (item.kind != MenuItemKind::hint || item.action == MenuAction::none ||
+        fromEnd > PopoverMetrics::hintMark)
+        return false;
+    emit hintDismissed(item);
+    return true;
+}
+
 } // namespace quorvel

@@ -60,6 +60,9 @@ public:
 
     /// Chooses an item, or enters its submenu.
     void activate(const Spot& spot, By by);
+
+    /// Dismisses a hint by the mark at the end of its row; false when there is none at this place.
+    bool dismissHint(const Spot& spot, QPoint global);
     void openSubmenu(const Spot& spot, By by);
 
     /// Closes the submenus of this level.
@@ -67,6 +70,9 @@ public:
 
 signals:
     void chosen(const quorvel::MenuItem& item);
+
+    /// What a hint offers in passing is wanted; the popover stays.
+    void hintDismissed(const quorvel::MenuItem& hint);
     void submenuOpening(const QString& identifier);
     void searchChanged(const QString& query);
     void painted();

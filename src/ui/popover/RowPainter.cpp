@@ -90,6 +90,9 @@ void RowPainter::paintHint(const MenuItem& item, const QRect& place, RowState st
         paintSymbol(item.symbol, size, takeBeginning(rest, column), color);
         takeBeginning(rest, PopoverMetrics::gap);
     }
+    if (item.action != MenuAction::none)
+        paintSymbol(QStringLiteral("xmark"), PopoverMetrics::markSize,
+                    takeEnd(rest, PopoverMetrics::markSize), m_colors.faint);
     paintText(item.title, m_metrics.detail, color, rest, Cut::end);
 }
 
