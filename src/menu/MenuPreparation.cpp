@@ -1,5 +1,7 @@
 #include "menu/MenuPreparation.h"
 
+#include <algorithm>
+
 namespace quorvel {
 
 MenuPreparation::MenuPreparation(const MenuContent& content, FolderSnippets& folderSnippets,
@@ -35,9 +37,10 @@ void MenuPreparation::begin() {
 }
 
 void MenuPreparation::await(const QList<RecentClipboardEntry>& entries) {
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
-        if (!entry->isImage())
-            m_waiting.append({entry->id, entry->text});
+    std::for_each(entries.rbegin(), entries.rend(), [this](const RecentClipboardEntry& entry) {
+        if (!entry.isImage())
+            m_waiting.append({entry.id, entry.text});
+    });
 }
 
 void MenuPreparation::run() {
