@@ -37,11 +37,9 @@ void MenuKeyboard::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
 }
 
 MenuKeyboard::Press MenuKeyboard::pressed(const QKeyEvent& press, const Find& find) const {
-    constexpr qint64 bounce = 20; // Milliseconds; no fingers are that quick.
     const bool isRepeat = m_repeat.isRepeat(press);
-    const bool hasJustOpened = m_sinceOpening.isValid() && m_sinceOpening.elapsed() < bounce;
     if (isClosingKey(press))
-        return {isRepeat || hasJustOpened ? Meaning::alreadyMeant : Meaning::closes, {}};
+        return {isRepeat ? Meaning::alreadyMeant : Meaning::closes, {}};
     const auto item = find([&](const MenuItem& candidate) {
         return means(press, candidate.keyEquivalent, m_positions);
     });

@@ -3,8 +3,6 @@
 #include "ui/KeyRepeat.h"
 #include "ui/MenuKeys.h"
 
-#include <QElapsedTimer>
-
 #include <functional>
 #include <optional>
 
@@ -36,9 +34,6 @@ public:
     /// A key code of 0 means none.
     void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers);
 
-    /// The menu has just been opened: the same press of its hot key must not close it.
-    void menuOpened() { m_sinceOpening.start(); }
-
     /// `find` looks for an item among all that are shown.
     Press pressed(const QKeyEvent& press, const Find& find) const;
     void released(const QKeyEvent& release) { m_repeat.released(release); }
@@ -50,7 +45,6 @@ private:
     KeyRepeat m_repeat;
     quint32 m_closingKey = 0;
     Modifiers m_closingModifiers;
-    QElapsedTimer m_sinceOpening;
 };
 
 } // namespace quorvel

@@ -34,7 +34,6 @@ void NativeMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     m_menu.setItems(tree);
     m_phase = Phase::open;
     m_menu.popUpAt(QCursor::pos());
-    m_keyboard.menuOpened();
     m_grab.secure();
 }
 

@@ -57,7 +57,6 @@ void PopoverMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     const QPoint pointer = QCursor::pos();
     m_pointer.begin(pointer);
     m_stack.open(tree, pointer);
-    m_keyboard.menuOpened();
     if (isOpen())
         secureGrab();
 }
