@@ -7,6 +7,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
+#include "platform/SelectedText.h"
 #include "platform/TextServices.h"
 #include "platform/TrayIcon.h"
 #include "platform/Workspace.h"
@@ -19,6 +20,7 @@ struct Adapters {
     Pasteboard& pasteboard;
     Workspace& workspace;
     KeyPoster& keyPoster;
+    SelectedText& selectedText;
     HotKeyCenter& hotKeys;
     TrayIcon& statusItem;
     MenuRenderer& menu;

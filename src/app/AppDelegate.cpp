@@ -1,5 +1,7 @@
 #include "app/AppDelegate.h"
 
+#include "app/AppendNotice.h"
+
 #include "app/ControlCommands.h"
 #include "control/ControlClient.h"
 #include "foundation/DataFolder.h"
@@ -40,6 +42,8 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_pasteEngine(m_pasteDelivery, m_history)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
     , m_copyTools(m_adapters.pasteboard, m_watcher)
+    , m_selectionTaker(m_adapters.selectedText, m_adapters.pasteboard, m_watcher, m_focusTracker)
+    , m_appendCopy(m_selectionTaker, m_adapters.pasteboard, m_watcher, m_history)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
     , m_searchTexts(m_preferences)
     , m_menu({.content = menuContent(),
@@ -206,6 +210,7 @@ void AppDelegate::wireStores() {
 }
 
 void AppDelegate::wirePaste() {
+    connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
     connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteDelivery, &PasteDelivery::permissionMissing, this, [this] {
@@ -232,6 +237,7 @@ void AppDelegate::wireControl() {
                                       .focus = m_focusTracker,
                                       .pasteEngine = m_pasteEngine,
                                       .copyTools = m_copyTools,
+                                      .appendCopy = m_appendCopy,
                                       .hotKeys = m_hotKeys,
                                       .menu = m_menu,
                                       .content = menuContent(),
@@ -251,6 +257,10 @@ void AppDelegate::edit(const EditRequest& request) {
             if (self && edited)
                 self->m_pasteEngine.pasteEdited(request, *edited);
         });
+}
+
+void AppDelegate::reportAppend(const AppendResult& result) {
+    m_adapters.desktop.showNotice(appendNotice(result, m_environment.strings));
 }
 
 void AppDelegate::reportPost(PostOutcome outcome) {

@@ -11,6 +11,7 @@
 #include "foundation/StringTable.h"
 #include "menu/MenuPreparation.h"
 #include "menu/StatusMenuController.h"
+#include "paste/AppendCopy.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
 #include "smart/SmartDetector.h"
@@ -73,6 +74,7 @@ private:
     void openGeneralSettings();
     void edit(const EditRequest& request);
     void reportPost(PostOutcome outcome);
+    void reportAppend(const AppendResult& result);
     void reportSaveProblem();
     void refuseSnippet(SnippetProblem problem);
     void reportUnsavedCreation(SnippetCreation creation, const QString& reason);
@@ -96,6 +98,8 @@ private:
     PasteEngine m_pasteEngine;
     GlobalHotKeys m_hotKeys;
     CopyTools m_copyTools;
+    SelectionTaker m_selectionTaker;
+    AppendCopy m_appendCopy;
     FolderSnippets m_folderSnippets;
     SearchTexts m_searchTexts;
     StatusMenuController m_menu;

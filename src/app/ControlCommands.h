@@ -17,6 +17,7 @@ struct ControlledParts {
     FocusTracker& focus;
     PasteEngine& pasteEngine;
     CopyTools& copyTools;
+    AppendCopy& appendCopy;
     GlobalHotKeys& hotKeys;
     StatusMenuController& menu;
     MenuContent content;

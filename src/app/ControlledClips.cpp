@@ -122,6 +122,12 @@ ControlReply pasteClip(const ControlledParts& parts, const QJsonObject& argument
     });
 }
 
+/// How it went is shown on the desktop.
+ControlReply append(const ControlledParts& parts, const QJsonObject&) {
+    parts.appendCopy.append();
+    return {true, {}};
+}
+
 ControlReply transform(const ControlledParts& parts, const QJsonObject& arguments) {
     const QString name = arguments.value(QStringLiteral("tool")).toString();
     const auto tool = copyToolNamed(name);

@@ -19,6 +19,9 @@ ControlReply copy(const ControlledParts& parts, const QJsonObject& arguments);
 /// By "mode": one of the ways to paste, "normal" unless told.
 ControlReply pasteClip(const ControlledParts& parts, const QJsonObject& arguments);
 
+/// Adds what is selected in the program in front to the newest clip.
+ControlReply append(const ControlledParts& parts, const QJsonObject& arguments);
+
 /// Rewrites the text on the clipboard by "tool".
 ControlReply transform(const ControlledParts& parts, const QJsonObject& arguments);
 

@@ -5,6 +5,7 @@
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeyPoster.h"
 #include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11SelectedText.h"
 #include "platform/x11/X11TrayWatcher.h"
 #include "platform/x11/X11Workspace.h"
 #include "ui/Icons.h"
@@ -27,8 +28,10 @@ struct X11Platform::Parts {
                     {[this] { pasteboard.offerAsPrimary(); },
                      [this](quint32 window) { pasteboard.expectReader(window); },
                      [this] { return pasteboard.isSettled(); }})
+        , selectedText(connection, pasteboard, keyPoster, mainQueue)
         , menu(icons, strings)
         , statusItem(strings, icons)
+        , desktop(icons)
         , textEditor(strings) {
         menu.setKeyPositions(hotKeys);
         connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
@@ -42,6 +45,7 @@ struct X11Platform::Parts {
     X11Workspace workspace;
     X11HotKeyCenter hotKeys;
     X11KeyPoster keyPoster;
+    X11SelectedText selectedText;
     Icons icons;
     SwitchingMenu menu;
     X11TrayWatcher trayWatcher;
@@ -65,6 +69,7 @@ Adapters X11Platform::adapters() {
             .pasteboard = m_parts->pasteboard,
             .workspace = m_parts->workspace,
             .keyPoster = m_parts->keyPoster,
+            .selectedText = m_parts->selectedText,
             .hotKeys = m_parts->hotKeys,
             .statusItem = m_parts->statusItem,
             .menu = m_parts->menu,

@@ -4,6 +4,13 @@
 
 namespace quorvel {
 
+/// Something that has happened, to be told in passing.
+struct Notice {
+    QString symbol; ///< Name of the icon.
+    QString title;
+    QString detail; ///< Empty for nothing.
+};
+
 /// What we ask of the desktop around us.
 class Desktop {
 public:
@@ -14,6 +21,9 @@ public:
 
     /// A message with one button that does not hold up anything; closed by the user.
     virtual void showMessage(const QString& title, const QString& message) = 0;
+
+    /// Shows it for a moment without taking the focus; a newer one replaces it.
+    virtual void showNotice(const Notice& notice) = 0;
 };
 
 } // namespace quorvel

@@ -1,10 +1,17 @@
 #include "ui/QtDesktop.h"
 
+#include "ui/NoticePanel.h"
+
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QUrl>
 
 namespace quorvel {
+
+QtDesktop::QtDesktop(const Icons& icons)
+    : m_icons(icons) {}
+
+QtDesktop::~QtDesktop() = default;
 
 bool QtDesktop::openFile(const QString& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
@@ -18,6 +25,12 @@ void QtDesktop::showMessage(const QString& title, const QString& message) {
     box->show();
     box->raise();
     box->activateWindow();
+}
+
+void QtDesktop::showNotice(const Notice& notice) {
+    if (!m_noticePanel)
+        m_noticePanel = std::make_unique<NoticePanel>(m_icons);
+    m_noticePanel->present(notice);
 }
 
 } // namespace quorvel

@@ -99,8 +99,10 @@ public:
         return true;
     }
     void showMessage(const QString& title, const QString&) override { messages.append(title); }
+    void showNotice(const Notice& notice) override { notices.append(notice.title); }
 
     QStringList openedFiles;
+    QStringList notices;
     QStringList messages;
 };
 

@@ -22,6 +22,7 @@ constexpr std::array commands{
     Command{u"show", menuArgument, nothing},
     Command{u"copy", inputArgument, nothing},
     Command{u"paste", pasteArguments, nothing},
+    Command{u"append", noArguments, nothing},
     Command{u"transform", toolArgument, nothing},
     Command{u"pin", positionArgument, nothing},
     Command{u"unpin", positionArgument, nothing},
@@ -75,6 +76,7 @@ QString usage() {
         "  paste N [--plain|--keep]\n"
         "                   paste clip N (from 1) into the program in front; as plain\n"
         "                   text, or with the clipboard as it was afterwards\n"
+        "  append           add the selection of the program in front to the newest clip\n"
         "  transform plain|trim|upper|lower|title\n"
         "                   rewrite the text on the clipboard\n"
         "  pin N, unpin N   keep clip N, or no longer\n"

@@ -59,6 +59,19 @@ bool ClipboardExchange::isConnectionLost() const {
     return m_connectionLost;
 }
 
+QStringList ClipboardExchange::takePrimaryTexts() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_primaryTexts, {});
+}
+
+void ClipboardExchange::handOverPrimary(const QString& text) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_primaryTexts.append(text);
+    }
+    m_wakeMain();
+}
+
 int ClipboardExchange::takeFetches() {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_fetches, 0);

@@ -21,9 +21,9 @@ struct ClipboardHandover {
 
 /// What the main thread asks of the clipboard thread.
 struct ClipboardCommand {
-    enum class Kind { own, clear, offerAsPrimary, expectReader, stop } kind;
+    enum class Kind { own, clear, offerAsPrimary, expectReader, readPrimary, stop } kind;
     ClipboardSnapshotItem content;
-    quint32 reader = 0; ///< A window of the program that is about to be told to paste.
+    quint32 window = 0; ///< Of the program that is to be told to paste, or whose selection is read.
 };
 
 /// The one place that both threads touch. Contents are handed over in the order in which they
@@ -42,6 +42,7 @@ public:
     std::deque<std::shared_ptr<ClipboardHandover>> takeHandoversAndPost(ClipboardCommand command);
     PasteboardActivity activity() const;
     bool isConnectionLost() const;
+    QStringList takePrimaryTexts(); ///< An answer for each reading, in order; empty for none.
     int takeFetches(); ///< How many expected readers have got their content since the last call.
 
     /// Whether the display server has carried out every command that was posted.
@@ -56,6 +57,7 @@ public:
     void countSkipped(const QString& reason);
     void countFailed(const QString& reason);
     void countFetch();
+    void handOverPrimary(const QString& text);
     void connectionLost();
 
     // Any thread
@@ -71,6 +73,7 @@ private:
     int m_unconfirmed = 0; ///< Commands posted and not yet carried out.
     std::deque<std::shared_ptr<ClipboardHandover>> m_handovers;
     PasteboardActivity m_activity;
+    QStringList m_primaryTexts;
     int m_fetches = 0;
     bool m_connectionLost = false;
 };

@@ -19,6 +19,7 @@ const QString replacedReason = QStringLiteral("replaced before it could be read"
 const QString ownerGoneReason = QStringLiteral("its owner went away");
 const QString overtakenReason = QStringLiteral("overtaken by our own write");
 
+constexpr std::chrono::milliseconds primaryStall{700};
 constexpr qsizetype largeContent = 4 * 1024 * 1024;
 
 template <typename T>
@@ -121,8 +122,9 @@ int ClipboardThread::millisecondsToNextDeadline() const {
     };
     consider(m_server->deadline());
     consider(m_primaryServer->deadline());
-    if (m_transfer)
-        consider(m_transfer->deadline());
+    for (const auto* transfer : {m_transfer.get(), m_primaryTransfer.get()})
+        if (transfer)
+            consider(transfer->deadline());
     if (!next)
         return -1;
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
@@ -132,6 +134,10 @@ int ClipboardThread::millisecondsToNextDeadline() const {
 void ClipboardThread::expireWhatIsDue() {
     m_server->expire();
     m_primaryServer->expire();
+    if (m_primaryTransfer && Clock::now() >= m_primaryTransfer->deadline())
+        m_primaryTransfer->expire();
+    if (m_primaryTransfer && m_primaryTransfer->isFinished())
+        completePrimaryTransfer();
     if (!m_transfer || Clock::now() < m_transfer->deadline())
         return;
     m_transfer->expire();
@@ -149,9 +155,8 @@ void ClipboardThread::handleEvent(const xcb_generic_event_t& event) {
         return handleOwnerChange(event);
     switch (type) {
     case XCB_SELECTION_NOTIFY:
-        if (m_transfer &&
-            as<xcb_selection_notify_event_t>(event).requestor == m_transfer->requestor())
-            m_transfer->handle(as<xcb_selection_notify_event_t>(event));
+        if (auto* transfer = transferOf(as<xcb_selection_notify_event_t>(event).requestor))
+            transfer->handle(as<xcb_selection_notify_event_t>(event));
         break;
     case XCB_SELECTION_REQUEST:
         handleSelectionRequest(as<xcb_selection_request_event_t>(event));
@@ -172,6 +177,15 @@ void ClipboardThread::handleEvent(const xcb_generic_event_t& event) {
     }
     if (m_transfer && m_transfer->isFinished())
         completeTransfer();
+    if (m_primaryTransfer && m_primaryTransfer->isFinished())
+        completePrimaryTransfer();
+}
+
+SelectionTransfer* ClipboardThread::transferOf(xcb_window_t requestor) {
+    for (auto* transfer : {m_transfer.get(), m_primaryTransfer.get()})
+        if (transfer && transfer->requestor() == requestor)
+            return transfer;
+    return nullptr;
 }
 
 void ClipboardThread::handleSelectionRequest(const xcb_selection_request_event_t& event) {
@@ -187,8 +201,8 @@ void ClipboardThread::handlePropertyNotify(const xcb_property_notify_event_t& ev
         carryOut(command, event.time);
         return confirmCommand();
     }
-    if (m_transfer && event.window == m_transfer->requestor())
-        return m_transfer->handle(event);
+    if (auto* transfer = transferOf(event.window))
+        return transfer->handle(event);
     m_server->handle(event);
     m_primaryServer->handle(event);
 }
@@ -310,12 +324,35 @@ void ClipboardThread::expectReader(xcb_window_t window, xcb_timestamp_t time) {
     m_primaryServer->expectReader(window, time, fetched);
 }
 
+/// Only what is selected in the program of the window: the selection of another one may be hours
+/// old.
+void ClipboardThread::readPrimary(xcb_window_t window) {
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), XCB_ATOM_PRIMARY);
+    const XcbOwned<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    if (m_primaryTransfer || !reply || !isSameClient(m_connection.get(), reply->owner, window))
+        return m_exchange.handOverPrimary({});
+    TransferLimits limits = m_limits;
+    limits.stall = std::min(limits.stall, primaryStall); // The user is waiting for it.
+    m_primaryTransfer =
+        std::make_unique<SelectionTransfer>(m_connection.get(), *m_atoms, m_root, XCB_ATOM_PRIMARY,
+                                            xcb_timestamp_t(XCB_CURRENT_TIME), limits);
+}
+
+void ClipboardThread::completePrimaryTransfer() {
+    const TransferResult result = m_primaryTransfer->takeResult();
+    m_primaryTransfer.reset();
+    m_exchange.handOverPrimary(result.secret ? QString() : plainText(result.item));
+}
+
 void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t time) {
     using Kind = ClipboardCommand::Kind;
     if (command.kind == Kind::offerAsPrimary)
         return m_primaryServer->own(command.content, time);
     if (command.kind == Kind::expectReader)
-        return expectReader(command.reader, time);
+        return expectReader(command.window, time);
+    if (command.kind == Kind::readPrimary)
+        return readPrimary(command.window);
     abandonTransfer(overtakenReason);
     m_lastForeign.reset();
     if (command.kind == Kind::own)

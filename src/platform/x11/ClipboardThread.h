@@ -36,12 +36,15 @@ private:
     void handleEvents();
     void handleEvent(const xcb_generic_event_t& event);
     void handleOwnerChange(const xcb_generic_event_t& event);
+    SelectionTransfer* transferOf(xcb_window_t requestor);
     void handleSelectionRequest(const xcb_selection_request_event_t& event);
     void handlePropertyNotify(const xcb_property_notify_event_t& event);
     void handleCommands();
     void askForTime();
     void carryOut(const ClipboardCommand& command, xcb_timestamp_t time);
     void expectReader(xcb_window_t window, xcb_timestamp_t time);
+    void readPrimary(xcb_window_t window);
+    void completePrimaryTransfer();
     void confirmCommand();
     void startTransfer(xcb_timestamp_t time, bool wasThereAtStart);
     void abandonTransfer(const QString& reason);
@@ -65,6 +68,7 @@ private:
     std::unique_ptr<SelectionServer> m_server;
     std::unique_ptr<SelectionServer> m_primaryServer;
     std::unique_ptr<SelectionTransfer> m_transfer;
+    std::unique_ptr<SelectionTransfer> m_primaryTransfer;
     bool m_transferFromStart = false;
     std::optional<ClipboardSnapshotItem> m_lastForeign; ///< Offered again when its owner exits.
     std::deque<ClipboardCommand> m_awaitingTime;

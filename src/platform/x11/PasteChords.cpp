@@ -9,10 +9,19 @@ namespace quorvel {
 
 namespace {
 
-const PasteChord usual = {XKB_KEY_v, Modifier::control};
-const PasteChord terminal = {XKB_KEY_v, Modifier::control | Modifier::shift};
-const PasteChord insertKey = {XKB_KEY_Insert, Modifier::shift};
-const PasteChord insertPrimary = {XKB_KEY_Insert, Modifier::shift, true};
+struct Chords {
+    PasteChord paste;
+    std::optional<PasteChord> copy;
+};
+
+/// Insert copies nearly everywhere, and in a terminal that is not known here it interrupts nothing.
+const PasteChord copyByInsert = {XKB_KEY_Insert, Modifier::control};
+const PasteChord copyInTerminal = {XKB_KEY_c, Modifier::control | Modifier::shift};
+
+const Chords usual = {{XKB_KEY_v, Modifier::control}, copyByInsert};
+const Chords terminal = {{XKB_KEY_v, Modifier::control | Modifier::shift}, copyInTerminal};
+const Chords insertKey = {{XKB_KEY_Insert, Modifier::shift}, std::nullopt};
+const Chords insertPrimary = {{XKB_KEY_Insert, Modifier::shift, true}, std::nullopt};
 
 /// Class names in lower case; of a reverse-DNS class the last part.
 constexpr const char* insertPrimaryClasses[] = {
@@ -63,7 +72,7 @@ constexpr const char* terminalClasses[] = {
     "yakuake",
 };
 
-using Table = QHash<QString, PasteChord>;
+using Table = QHash<QString, Chords>;
 
 Table makeTable() {
     Table table;
@@ -76,15 +85,23 @@ Table makeTable() {
     return table;
 }
 
-} // namespace
-
-PasteChord pasteChordFor(const WindowClass& windowClass) {
+const Chords& chordsOf(const WindowClass& windowClass) {
     static const Table table = makeTable();
     for (const QString& text : {windowClass.name.toLower(), windowClass.instance.toLower()})
         for (const QString& name : {text, text.section(u'.', -1)})
             if (const auto found = table.constFind(name); found != table.cend())
                 return *found;
     return usual;
+}
+
+} // namespace
+
+PasteChord pasteChordFor(const WindowClass& windowClass) {
+    return chordsOf(windowClass).paste;
+}
+
+std::optional<PasteChord> copyChordFor(const WindowClass& windowClass) {
+    return chordsOf(windowClass).copy;
 }
 
 } // namespace quorvel

@@ -3,11 +3,13 @@
 #include "foundation/Modifiers.h"
 #include "platform/x11/X11Windows.h"
 
+#include <optional>
+
 #include <xkbcommon/xkbcommon.h>
 
 namespace quorvel {
 
-/// The keys by which a program pastes.
+/// The keys by which a program pastes or copies.
 struct PasteChord {
     xkb_keysym_t key;
     Modifiers modifiers;
@@ -17,5 +19,9 @@ struct PasteChord {
 /// The paste keys of the program with this window class; the usual ones when it is not known for
 /// others. Case does not matter.
 PasteChord pasteChordFor(const WindowClass& windowClass);
+
+/// The keys by which that program copies; absent when they could do harm there, and what is
+/// selected has to be taken from the PRIMARY selection.
+std::optional<PasteChord> copyChordFor(const WindowClass& windowClass);
 
 } // namespace quorvel

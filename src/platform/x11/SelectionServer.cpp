@@ -59,20 +59,15 @@ void SelectionServer::lost() {
 void SelectionServer::expectReader(xcb_window_t window, xcb_timestamp_t time,
                                    std::function<void()> fetched) {
     if (isOwner())
-        m_readers.push_back({clientOf(window), time, ownedSince(), Clock::now() + readerPatience,
-                             std::move(fetched)});
-}
-
-/// The server gives each client a range of identifiers of its own.
-quint32 SelectionServer::clientOf(xcb_window_t window) const {
-    return window & ~xcb_get_setup(m_connection)->resource_id_mask;
+        m_readers.push_back({clientOf(m_connection, window), time, ownedSince(),
+                             Clock::now() + readerPatience, std::move(fetched)});
 }
 
 /// Of several pastes, a request that bears a time belongs to the last one before it; without one
 /// they are served in their order.
 SelectionServer::Reader* SelectionServer::readerFor(const xcb_selection_request_event_t& event) {
     m_readers.remove_if([now = Clock::now()](const Reader& reader) { return reader.end <= now; });
-    const quint32 client = clientOf(event.requestor);
+    const quint32 client = clientOf(m_connection, event.requestor);
     Reader* found = nullptr;
     for (Reader& reader : m_readers) {
         const bool isTimed = event.time != XCB_CURRENT_TIME;

@@ -73,7 +73,6 @@ private:
         std::function<void()> fetched;
     };
 
-    quint32 clientOf(xcb_window_t window) const;
     Reader* readerFor(const xcb_selection_request_event_t& event);
     void serve(Reader& reader, xcb_atom_t target);
     const Offer& offerFor(const Reader* reader, xcb_timestamp_t time) const;

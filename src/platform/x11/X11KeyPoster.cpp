@@ -11,11 +11,13 @@ using Steady = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds tidyInterval{50};
 
 constexpr xcb_keycode_t usualInsertKey = 118;
+constexpr xcb_keycode_t usualCopyKey = 54;
 constexpr xcb_keycode_t usualPasteKey = 55;
 
 } // namespace
 
 struct X11KeyPoster::Job {
+    Purpose purpose;
     std::optional<FocusTarget> target;
     Done done;
     Steady::time_point focusEnd;
@@ -40,7 +42,16 @@ bool X11KeyPoster::isTrusted() const {
 }
 
 void X11KeyPoster::postPaste(const std::optional<FocusTarget>& target, Done done) {
-    advance(std::make_shared<Job>(Job{target, std::move(done), Steady::now() + m_limits.focus}));
+    start(Purpose::paste, target, std::move(done));
+}
+
+void X11KeyPoster::postCopy(const std::optional<FocusTarget>& target, Done done) {
+    start(Purpose::copy, target, std::move(done));
+}
+
+void X11KeyPoster::start(Purpose purpose, const std::optional<FocusTarget>& target, Done done) {
+    advance(std::make_shared<Job>(
+        Job{purpose, target, std::move(done), Steady::now() + m_limits.focus}));
 }
 
 void X11KeyPoster::advance(const JobHandle& job) {
@@ -59,17 +70,29 @@ void X11KeyPoster::advance(const JobHandle& job) {
 }
 
 bool X11KeyPoster::prepare(Job& job, xcb_window_t focus) {
-    if (!job.tables || job.preparedFor != focus) {
-        job.preparedFor = focus;
-        job.chord = pasteChordFor(m_windows.classOf(m_windows.topWindow(focus)));
-        if (job.chord.needsPrimary)
-            m_clipboard.offerPrimary();
-        m_clipboard.expectReader(focus);
-        job.releaseEnd = Steady::now() + m_limits.release;
-        job.tables = X11KeyTables::read(m_connection.xcb());
-        m_connection.keepArrivedEvents();
-    }
+    if (job.tables && job.preparedFor == focus)
+        return true;
+    job.preparedFor = focus;
+    if (!prepareClipboard(job, focus))
+        return false;
+    job.releaseEnd = Steady::now() + m_limits.release;
+    job.tables = X11KeyTables::read(m_connection.xcb());
+    m_connection.keepArrivedEvents();
     return job.tables.has_value();
+}
+
+bool X11KeyPoster::prepareClipboard(Job& job, xcb_window_t focus) {
+    const WindowClass windowClass = m_windows.classOf(m_windows.topWindow(focus));
+    if (job.purpose == Purpose::copy) {
+        const auto chord = copyChordFor(windowClass);
+        job.chord = chord.value_or(PasteChord());
+        return chord.has_value();
+    }
+    job.chord = pasteChordFor(windowClass);
+    if (job.chord.needsPrimary)
+        m_clipboard.offerPrimary();
+    m_clipboard.expectReader(focus);
+    return true;
 }
 
 bool X11KeyPoster::isReady(const Job& job) const {
@@ -121,8 +144,10 @@ void X11KeyPoster::tidyUp() {
 }
 
 xcb_keycode_t X11KeyPoster::keyOf(const PasteChord& chord, const X11KeyTables& tables) {
-    const bool insert = chord.key == XKB_KEY_Insert;
-    return tables.keyForSymbol(chord.key).value_or(insert ? usualInsertKey : usualPasteKey);
+    const xcb_keycode_t usual = chord.key == XKB_KEY_Insert ? usualInsertKey
+                                : chord.key == XKB_KEY_c    ? usualCopyKey
+                                                            : usualPasteKey;
+    return tables.keyForSymbol(chord.key).value_or(usual);
 }
 
 } // namespace quorvel

@@ -42,10 +42,15 @@ public:
     bool isTrusted() const override;
     void postPaste(const std::optional<FocusTarget>& target, Done done) override;
 
+    /// The same with the copy keys; `unavailable` for a program that has none.
+    void postCopy(const std::optional<FocusTarget>& target, Done done);
+
 private:
+    enum class Purpose { paste, copy };
     struct Job;
     using JobHandle = std::shared_ptr<Job>;
 
+    void start(Purpose purpose, const std::optional<FocusTarget>& target, Done done);
     void advance(const JobHandle& job);
     void waitOn(const JobHandle& job);
     void finish(const JobHandle& job, PostOutcome outcome);
@@ -53,6 +58,7 @@ private:
     std::optional<xcb_window_t> rightFocus(const Job& job) const;
     bool userHoldsKeys(const X11KeyTables& tables) const;
     bool prepare(Job& job, xcb_window_t focus);
+    bool prepareClipboard(Job& job, xcb_window_t focus);
     bool isReady(const Job& job) const;
     bool post(const Job& job, xcb_window_t focus);
     void tidyUp();

@@ -103,6 +103,11 @@ void X11Pasteboard::expectReader(quint32 window) {
     m_exchange->post({ClipboardCommand::Kind::expectReader, {}, window});
 }
 
+void X11Pasteboard::readPrimary(quint32 window, std::function<void(const QString&)> done) {
+    m_primaryReaders.push_back(std::move(done));
+    m_exchange->post({ClipboardCommand::Kind::readPrimary, {}, window});
+}
+
 bool X11Pasteboard::isSettled() const {
     return m_exchange->isSettled();
 }
@@ -112,6 +117,11 @@ void X11Pasteboard::receive() {
         take(*handover);
     for (int fetches = m_exchange->takeFetches(); fetches > 0; --fetches)
         emit fetched();
+    for (const QString& text : m_exchange->takePrimaryTexts()) {
+        const auto done = std::move(m_primaryReaders.front());
+        m_primaryReaders.pop_front();
+        done(text);
+    }
     if (m_connected && m_exchange->isConnectionLost()) {
         m_connected = false;
         emit connectionLost();

@@ -3,6 +3,8 @@
 #include "platform/Pasteboard.h"
 #include "platform/x11/SelectionTransfer.h"
 
+#include <deque>
+#include <functional>
 #include <memory>
 
 namespace quorvel {
@@ -38,6 +40,10 @@ public:
     /// late it asks and whatever has been written since.
     void expectReader(quint32 window);
 
+    /// Gets the text of the primary selection if the program of this window has it, else an empty
+    /// one. `done` is called once, from the main loop; never when this object ends before.
+    void readPrimary(quint32 window, std::function<void(const QString& text)> done);
+
     /// Whether the server has carried out everything that was written here: a paste key pressed
     /// now gets the new content.
     bool isSettled() const;
@@ -59,6 +65,7 @@ private:
     ClipboardSnapshotItem m_item;
     QString m_text;
     QByteArray m_imagePng;
+    std::deque<std::function<void(const QString&)>> m_primaryReaders;
     std::unique_ptr<ClipboardExchange> m_exchange;
     std::unique_ptr<Worker> m_worker;
 };

@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 
@@ -25,6 +26,16 @@ using XcbConnection = std::unique_ptr<xcb_connection_t, XcbDisconnect>;
 /// Whether time stamp `a` of the server is later than `b`; the 32-bit milliseconds wrap around.
 constexpr bool isLater(xcb_timestamp_t a, xcb_timestamp_t b) {
     return static_cast<std::int32_t>(a - b) > 0;
+}
+
+/// The server gives each client a range of identifiers of its own: the bits that all its windows
+/// have in common.
+inline std::uint32_t clientOf(xcb_connection_t* connection, xcb_window_t window) {
+    return window & ~xcb_get_setup(connection)->resource_id_mask;
+}
+
+inline bool isSameClient(xcb_connection_t* connection, xcb_window_t a, xcb_window_t b) {
+    return clientOf(connection, a) == clientOf(connection, b);
 }
 
 } // namespace quorvel

@@ -1,0 +1,39 @@
+#include "paste/SelectionTaker.h"
+
+#include <QPointer>
+
+namespace quorvel {
+
+SelectionTaker::SelectionTaker(SelectedText& selectedText, Pasteboard& pasteboard,
+                               PasteboardWatcher& watcher, FocusTracker& focus)
+    : m_selectedText(selectedText)
+    , m_pasteboard(pasteboard)
+    , m_watcher(watcher)
+    , m_focus(focus) {}
+
+bool SelectionTaker::take(SelectedText::Done done) {
+    if (std::exchange(m_isTaking, true))
+        return false;
+    m_watcher.tick(); // What was copied until now is the user's own.
+    m_watcher.suppressCapture(suppression);
+    m_focus.refresh();
+    const auto settled = [this, receiver = QPointer(&m_receiver), done = std::move(done),
+                          before = m_pasteboard.items(), changeCount = m_pasteboard.changeCount()](
+                             const SelectedTextResult& result) {
+        if (!receiver)
+            return;
+        m_isTaking = false;
+        settle(before, changeCount);
+        done(result);
+    };
+    m_selectedText.take(m_focus.target(), settled);
+    return true;
+}
+
+void SelectionTaker::settle(const QList<ClipboardSnapshotItem>& before, qint64 changeCount) {
+    if (m_pasteboard.changeCount() != changeCount)
+        m_watcher.markOwnWrite(m_pasteboard.write(before));
+    m_watcher.suppressCapture(std::chrono::milliseconds(0));
+}
+
+} // namespace quorvel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace quorvel {
+
+/// What came of asking for the text that the user has selected.
+struct SelectedTextResult {
+    enum class Outcome {
+        taken,
+        nothingSelected, ///< Or nothing that is text.
+        focusElsewhere,  ///< The target did not get the focus in time.
+        unavailable,     ///< Selections cannot be got at on this desktop.
+    };
+
+    Outcome outcome = Outcome::nothingSelected;
+    QString text; ///< Not empty when it was taken.
+};
+
+/// The text that is selected in the program in front. Main thread only.
+class SelectedText {
+public:
+    using Done = std::function<void(const SelectedTextResult&)>;
+
+    virtual ~SelectedText() = default;
+
+    /// Gets the selected text, of the target when one is given. It may have to make the program
+    /// copy: the pasteboard may hold something else afterwards, whatever the outcome. `done` is
+    /// called exactly once, from the main loop, within about a second.
+    virtual void take(const std::optional<FocusTarget>& target, Done done) = 0;
+};
+
+} // namespace quorvel

@@ -1,0 +1,61 @@
+#include "platform/x11/X11SelectedText.h"
+
+namespace quorvel {
+
+namespace {
+
+using Outcome = SelectedTextResult::Outcome;
+
+SelectedTextResult resultOf(const QString& text) {
+    return {text.isEmpty() ? Outcome::nothingSelected : Outcome::taken, text};
+}
+
+} // namespace
+
+X11SelectedText::X11SelectedText(X11Connection& connection, X11Pasteboard& pasteboard,
+                                 X11KeyPoster& keys, MainQueue& queue)
+    : m_pasteboard(pasteboard)
+    , m_keys(keys)
+    , m_queue(queue)
+    , m_windows(connection) {}
+
+void X11SelectedText::take(const std::optional<FocusTarget>& target, Done done) {
+    const xcb_window_t focus = m_windows.inputFocus();
+    if (copyChordFor(m_windows.classOf(m_windows.topWindow(focus))))
+        pressCopyKeys(target, done);
+    else
+        readPrimary(focus, done);
+}
+
+void X11SelectedText::readPrimary(xcb_window_t focus, const Done& done) {
+    m_pasteboard.readPrimary(focus, [done](const QString& text) { done(resultOf(text)); });
+}
+
+void X11SelectedText::pressCopyKeys(const std::optional<FocusTarget>& target, const Done& done) {
+    m_keys.postCopy(target, [this, done](PostOutcome outcome) {
+        if (outcome == PostOutcome::posted)
+            return awaitCopy(done);
+        const bool isElsewhere = outcome == PostOutcome::focusElsewhere;
+        done({isElsewhere ? Outcome::focusElsewhere : Outcome::unavailable, {}});
+    });
+}
+
+/// A program with nothing selected leaves the clipboard alone.
+struct X11SelectedText::Waiting {
+    WorkItem timeout;
+    QMetaObject::Connection change;
+};
+
+void X11SelectedText::awaitCopy(const Done& done) {
+    const auto waiting = std::make_shared<Waiting>();
+    const auto finish = [waiting, done](const QString& text) {
+        waiting->timeout.cancel();
+        QObject::disconnect(waiting->change);
+        done(resultOf(text));
+    };
+    waiting->timeout = m_queue.after(patience, &m_receiver, [finish] { finish({}); });
+    waiting->change = QObject::connect(&m_pasteboard, &Pasteboard::changed, &m_receiver,
+                                       [this, finish] { finish(m_pasteboard.string()); });
+}
+
+} // namespace quorvel
