@@ -7,6 +7,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
+#include "platform/Terminal.h"
 #include "platform/TextServices.h"
 #include "platform/TrayIcon.h"
 #include "platform/Workspace.h"
@@ -24,6 +25,7 @@ struct Adapters {
     MenuRenderer& menu;
     TextEditor& textEditor;
     Desktop& desktop;
+    Terminal& terminal;
     Appearance& appearance;
     const TextServices& textServices;
 };

@@ -8,6 +8,7 @@ namespace quorvel {
 class QtDesktop final : public Desktop {
 public:
     bool openFile(const QString& path) override;
+    bool openUrl(const QUrl& url) override;
     void showMessage(const QString& title, const QString& message) override;
 };
 

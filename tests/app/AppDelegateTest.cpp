@@ -34,7 +34,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               textEditor, desktop, appearance, textServices}) {}
+               textEditor, desktop, terminal, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -53,6 +53,7 @@ struct Program {
     FakeMenuRenderer menu;
     FakeTextEditor textEditor;
     FakeDesktop desktop;
+    FakeTerminal terminal;
     FakeAppearance appearance;
     FakeTextServices textServices;
     AppDelegate delegate;

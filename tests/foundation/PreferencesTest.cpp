@@ -98,19 +98,19 @@ TEST_F(PreferencesTest, StoredShortcuts) {
 TEST_F(PreferencesTest, BaseUrlsFallBackToOlderPlacesAndTheEnvironment) {
     const keys::BaseUrls key{"list", "former", "QUORVEL_TEST_BASE"};
     const auto read = [&] { return preferences.baseUrls(key).join(u' '); };
-    const auto store = [this](const char* name, const QJsonValue& value) {
+    const auto put = [this](const char* name, const QJsonValue& value) {
         preferences.set(keys::Record{name}, value);
     };
     EXPECT_EQ(read(), QString());
     qputenv("QUORVEL_TEST_BASE", "https://env.example");
     EXPECT_EQ(read(), QStringLiteral("https://env.example"));
-    store("former", QStringLiteral("https://former.example"));
+    put("former", QStringLiteral("https://former.example"));
     EXPECT_EQ(read(), QStringLiteral("https://former.example"));
-    store("list", QStringLiteral("no list at all"));
+    put("list", QStringLiteral("no list at all"));
     EXPECT_EQ(read(), QStringLiteral("https://former.example"));
-    store("list", QStringLiteral("https://alone.example"));
+    put("list", QStringLiteral("https://alone.example"));
     EXPECT_EQ(read(), QStringLiteral("https://alone.example"));
-    store("list", QJsonArray{QStringLiteral("https://by.hand"), 7});
+    put("list", QJsonArray{QStringLiteral("https://by.hand"), 7});
     EXPECT_EQ(read(), QStringLiteral("https://by.hand"));
     preferences.setBaseUrls(key, {QStringLiteral("https://a.example"), QStringLiteral("b")});
     EXPECT_EQ(read(), QStringLiteral("https://a.example b"));
