@@ -1,5 +1,7 @@
 #include "ui/QtDesktop.h"
 
+#include "ui/SchemeHandlers.h"
+
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QUrl>
@@ -11,9 +13,16 @@ namespace quorvel {
 
 namespace {
 
-constexpr std::array openedSchemes{QStringView(u"http"),   QStringView(u"https"),
-                                   QStringView(u"ftp"),    QStringView(u"ftps"),
-                                   QStringView(u"mailto"), QStringView(u"tel")};
+/// Which addresses are opened. The opener takes those of the web in any case, and hands others to a
+/// browser when there is no program for them, which helps nobody.
+constexpr std::array webSchemes{QStringView(u"http"), QStringView(u"https"), QStringView(u"ftp"),
+                                QStringView(u"ftps")};
+constexpr std::array otherSchemes{QStringView(u"mailto"), QStringView(u"tel")};
+
+bool canOpen(const QString& scheme) {
+    return std::ranges::count(webSchemes, scheme) > 0 ||
+           (std::ranges::count(otherSchemes, scheme) > 0 && hasSchemeHandler(scheme));
+}
 
 } // namespace
 
@@ -22,8 +31,7 @@ bool QtDesktop::openFile(const QString& path) {
 }
 
 bool QtDesktop::openUrl(const QUrl& url) {
-    return url.isValid() && std::ranges::count(openedSchemes, url.scheme()) > 0 &&
-           QDesktopServices::openUrl(url);
+    return url.isValid() && canOpen(url.scheme()) && QDesktopServices::openUrl(url);
 }
 
 void QtDesktop::showMessage(const QString& title, const QString& message) {
