@@ -19,20 +19,25 @@ namespace {
 /// The rows of one text as they come together.
 class Rows {
 public:
+    /// Keeps references to both.
     Rows(const QString& text, const MenuBuild& build)
-        : m_build(build)
-        , snapshot(build.content().textAnalyses.snapshot(text))
+        : snapshot(build.content().textAnalyses.snapshot(text))
         , isSingleValue(isLikelySingleValue(text))
         , visible(text, snapshot,
                   build.content().preferences.isOn(keys::sensitiveDataMaskingEnabled)
                       ? VisibleParts::Masking::on
-                      : VisibleParts::Masking::off) {}
+                      : VisibleParts::Masking::off)
+        , m_build(build) {}
+
+    const TextAnalysisSnapshot snapshot;
+    const bool isSingleValue;
+    const VisibleParts visible;
 
     void act(const char* title, QStringView symbol, MenuAction action, const QString& about) {
-        append({.title = m_build.text(title),
-                .action = action,
-                .representedObject = about,
-                .symbol = symbol.toString()});
+        m_items.append({.title = m_build.text(title),
+                        .action = action,
+                        .representedObject = about,
+                        .symbol = symbol.toString()});
     }
 
     /// A row whose title shows something.
@@ -40,11 +45,11 @@ public:
              const QString& about) {
         const QString line = singleLine(shown);
         const QString cut = shortened(line, titleLimit, titleTail);
-        append({.title = m_build.content().strings.format(QString::fromLatin1(title), cut),
-                .action = action,
-                .representedObject = about,
-                .symbol = symbol.toString(),
-                .toolTip = cut == line ? QString() : shown});
+        m_items.append({.title = m_build.content().strings.format(QString::fromLatin1(title), cut),
+                        .action = action,
+                        .representedObject = about,
+                        .symbol = symbol.toString(),
+                        .toolTip = cut == line ? QString() : shown});
     }
 
     void paste(const char* title, const QString& value, const QString& shown, QStringView symbol) {
@@ -62,15 +67,8 @@ public:
     const QList<MenuItem>& items() const { return m_items; }
 
 private:
-    void append(const MenuItem& item) { m_items.append(item); }
-
     const MenuBuild& m_build;
     QList<MenuItem> m_items;
-
-public:
-    const TextAnalysisSnapshot snapshot;
-    const bool isSingleValue;
-    const VisibleParts visible;
 };
 
 bool opensInBrowser(const QUrl& url) {

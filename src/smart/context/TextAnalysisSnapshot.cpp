@@ -5,6 +5,7 @@
 #include "smart/rules/NumberPatterns.h"
 #include "smart/rules/References.h"
 #include "smart/rules/TerminalCommand.h"
+#include "smart/rules/TextShapes.h"
 
 #include <algorithm>
 
@@ -45,6 +46,16 @@ bool isWrittenInternationally(QStringView written) {
     return first != written.end() && (!first->isDigit() || asciiDigits(written).startsWith(u"00"));
 }
 
+/// One value is looked at as a whole; of more, no word is cut, for half a link is another link.
+QList<DataMatch> matchesIn(const QString& text, const DataDetector& detector) {
+    if (text.size() <= mostSearchedUnits || isLikelySingleValue(text))
+        return detector.matches(text);
+    qsizetype end = mostSearchedUnits;
+    while (end > 0 && !text[end].isSpace())
+        --end;
+    return detector.matches(text.left(end));
+}
+
 void takeLinks(TextAnalysisSnapshot& snapshot, const QList<DataMatch>& matches) {
     for (const DataMatch& match : matches)
         if (match.isLink())
@@ -83,7 +94,7 @@ TextAnalysisSnapshot analysedText(const QString& text, const DataDetector& detec
     TextAnalysisSnapshot snapshot;
     if (text.size() > mostAnalysedUnits)
         return snapshot;
-    const QList<DataMatch> matches = detector.matches(text);
+    const QList<DataMatch> matches = matchesIn(text, detector);
     if (looksLikeTerminalCommand(text))
         snapshot.terminalCommand = text.trimmed();
     snapshot.jiraIssueKey = unlessEmpty(issueKey(caseNormalized(text)));

@@ -41,6 +41,10 @@ struct TextAnalysisSnapshot {
 /// Of a longer text (UTF-16 units) nothing is looked at.
 inline constexpr qsizetype mostAnalysedUnits = 1024 * 1024;
 
+/// Links and telephone numbers are looked for in so many units of a text of many words: a menu
+/// waits for the answer.
+inline constexpr qsizetype mostSearchedUnits = 32 * 1024;
+
 /// Takes time in proportion to the text.
 TextAnalysisSnapshot analysedText(const QString& text, const DataDetector& detector);
 

@@ -138,6 +138,12 @@ TEST(TextAnalysis, LargeTextsAreLookedAtAsFarAsItIsWorthIt) {
     const auto parameters = analyses.snapshot(query).urlQueryParameters;
     ASSERT_EQ(parameters.size(), 500);
     EXPECT_EQ(parameters.last(), std::pair(QStringLiteral("name499"), QStringLiteral("499")));
+    const QString link = QStringLiteral("https://a.example/whole");
+    const QString words = QStringLiteral("many words ").repeated(2978); // ends near the bound
+    ASSERT_LT(words.size() + 8, mostSearchedUnits);
+    ASSERT_GT(words.size() + link.size(), mostSearchedUnits);
+    EXPECT_TRUE(analysedText(link + u' ' + words + link, german()).url);
+    EXPECT_FALSE(analysedText(words + link, german()).url) << "half a link is none";
     const int before = services.detections;
     EXPECT_FALSE(analyses.snapshot(card + QString(mostAnalysedUnits, u'x')).cardDigits);
     EXPECT_EQ(services.detections, before);
