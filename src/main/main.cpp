@@ -3,8 +3,8 @@
 #include "main/SignalWatcher.h"
 #include "main/X11Platform.h"
 #include "platform/textmodule/LazyTextServices.h"
+#include "ui/Application.h"
 
-#include <QApplication>
 #include <QProcessEnvironment>
 
 #include <cstdio>
@@ -93,7 +93,7 @@ int main(int argc, char* argv[]) {
     const auto sessionEnvironment = QProcessEnvironment::systemEnvironment();
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication application(argc, argv);
+    quorvel::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvel"));
     QApplication::setDesktopFileName(QStringLiteral("quorvel"));
     QApplication::setQuitOnLastWindowClosed(false);
