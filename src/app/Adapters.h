@@ -8,6 +8,7 @@
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
 #include "platform/SelectedText.h"
+#include "platform/Terminal.h"
 #include "platform/TextServices.h"
 #include "platform/TrayIcon.h"
 #include "platform/Workspace.h"
@@ -26,6 +27,7 @@ struct Adapters {
     MenuRenderer& menu;
     TextEditor& textEditor;
     Desktop& desktop;
+    Terminal& terminal;
     Appearance& appearance;
     const TextServices& textServices;
 };

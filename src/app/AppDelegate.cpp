@@ -46,6 +46,7 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_appendCopy(m_selectionTaker, m_adapters.pasteboard, m_watcher, m_history)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
     , m_searchTexts(m_preferences)
+    , m_textAnalyses(m_adapters.textServices.dataDetector())
     , m_menu({.content = menuContent(),
               .history = m_history,
               .snippets = m_store,
@@ -56,8 +57,10 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
                         [](int below) { return QRandomGenerator::global()->bounded(below); }}})
     , m_menuPreparation(menuContent(), m_folderSnippets, m_history, m_store,
                         m_environment.mainQueue)
-    , m_menuCommands(
-          {m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine, m_copyTools}) {
+    , m_contextCommands(
+          {m_pasteEngine, m_adapters.desktop, m_adapters.terminal, m_environment.strings})
+    , m_menuCommands({m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine,
+                      m_copyTools, m_contextCommands}) {
     wireMenu();
     wireMenuCommands();
     wirePaste();
@@ -175,7 +178,8 @@ MenuContent AppDelegate::menuContent() const {
             m_environment.strings,
             m_environment.clock,
             m_shownTexts,
-            m_searchTexts};
+            m_searchTexts,
+            m_textAnalyses};
 }
 
 void AppDelegate::wireMenu() {

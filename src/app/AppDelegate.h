@@ -102,8 +102,10 @@ private:
     AppendCopy m_appendCopy;
     FolderSnippets m_folderSnippets;
     SearchTexts m_searchTexts;
+    TextAnalyses m_textAnalyses;
     StatusMenuController m_menu;
     MenuPreparation m_menuPreparation;
+    ContextCommands m_contextCommands;
     MenuCommands m_menuCommands;
     ControlServer m_control;
     bool m_running = false;

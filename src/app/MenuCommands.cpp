@@ -25,6 +25,14 @@ const QList<MenuCommands::Command>& MenuCommands::commands() {
         {MenuAction::togglePinRecentSnippet, &MenuCommands::togglePin},
         {MenuAction::pinRecentSnippetForHour, &MenuCommands::pinForHour},
         {MenuAction::pinRecentSnippetForDay, &MenuCommands::pinForDay},
+        {MenuAction::pasteContextValue, &MenuCommands::useContext},
+        {MenuAction::openRecentURL, &MenuCommands::useContext},
+        {MenuAction::openRecentJiraIssue, &MenuCommands::useContext},
+        {MenuAction::openRecentPullRequest, &MenuCommands::useContext},
+        {MenuAction::composeEmail, &MenuCommands::useContext},
+        {MenuAction::callRecentPhoneNumber, &MenuCommands::useContext},
+        {MenuAction::openTerminalCommand, &MenuCommands::useContext},
+        {MenuAction::runTerminalCommand, &MenuCommands::useContext},
     };
     return table;
 }
@@ -101,6 +109,10 @@ void MenuCommands::pinForHour(const MenuChoice& choice) {
 
 void MenuCommands::pinForDay(const MenuChoice& choice) {
     m_parts.history.pinFor(rowSource(choice.representedObject).id, 24h);
+}
+
+void MenuCommands::useContext(const MenuChoice& choice) {
+    m_parts.contextCommands.run(choice);
 }
 
 } // namespace quorvel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ContextCommands.h"
 #include "app/preferences/Preferences.h"
 #include "clipboard/SmartFolderClipboard.h"
 #include "menu/MenuRenderer.h"
@@ -24,6 +25,7 @@ public:
         Pasteboard& pasteboard;
         PasteEngine& pasteEngine;
         CopyTools& copyTools;
+        ContextCommands& contextCommands;
     };
 
     explicit MenuCommands(const Parts& parts);
@@ -54,6 +56,7 @@ private:
     void togglePin(const MenuChoice& choice);
     void pinForHour(const MenuChoice& choice);
     void pinForDay(const MenuChoice& choice);
+    void useContext(const MenuChoice& choice);
 
     const Parts m_parts;
 };

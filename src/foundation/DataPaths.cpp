@@ -34,12 +34,20 @@ QString formerFolder() {
     return isTestHost() ? QString() : userDataFolder().filePath(formerProductFolder);
 }
 
-/// Qt warns and falls back by itself when the variable is missing; ours stays quiet and per user.
-QString runtimeBase() {
+/// In the runtime folder of the session; empty where there is none. Qt warns and falls back by
+/// itself when the variable is missing; ours stays quiet and per user.
+QString sessionFolder() {
     const QString fromEnvironment = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!fromEnvironment.isEmpty() && QFileInfo(fromEnvironment).isDir())
         return QDir(fromEnvironment).filePath(QStringLiteral("quorvel"));
-    return QDir(QDir::tempPath()).filePath(QStringLiteral("quorvel-%1").arg(getuid()));
+    return {};
+}
+
+QString runtimeBase() {
+    const QString ofSession = sessionFolder();
+    return ofSession.isEmpty()
+               ? QDir(QDir::tempPath()).filePath(QStringLiteral("quorvel-%1").arg(getuid()))
+               : ofSession;
 }
 
 } // namespace
@@ -58,6 +66,7 @@ DataPaths DataPaths::fromEnvironment() {
         .runtimeFolder = runtime.path(),
         .controlSocket = runtime.filePath(QStringLiteral("control")),
         .instanceLock = runtime.filePath(QStringLiteral("lock")),
+        .commandFolder = sessionFolder().isEmpty() ? data.path() : sessionFolder(),
     };
 }
 

@@ -14,6 +14,7 @@ struct DataPaths {
     QString runtimeFolder; ///< Private to the user; holds the instance lock and the control socket.
     QString controlSocket;
     QString instanceLock;
+    QString commandFolder; ///< Private too; for commands on their way into a terminal.
 
     /// From the environment: `XDG_DATA_HOME`, `XDG_CONFIG_HOME`, `XDG_RUNTIME_DIR`, each with its
     /// usual default. Inside a test host the data goes to a throw-away folder of this process.

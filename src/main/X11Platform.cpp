@@ -20,7 +20,7 @@ namespace quorvel {
 
 struct X11Platform::Parts {
     Parts(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
-          const StringTable& strings)
+          const StringTable& strings, const DesktopTerminal::Setup& terminalSetup)
         : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
@@ -32,6 +32,7 @@ struct X11Platform::Parts {
         , menu(icons, strings)
         , statusItem(strings, icons)
         , desktop(icons)
+        , terminal(terminalSetup)
         , textEditor(strings) {
         menu.setKeyPositions(hotKeys);
         connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
@@ -51,14 +52,16 @@ struct X11Platform::Parts {
     X11TrayWatcher trayWatcher;
     StatusItem statusItem;
     QtDesktop desktop;
+    DesktopTerminal terminal;
     QtAppearance appearance;
     QtTextEditor textEditor;
 };
 
 X11Platform::X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
-                         const StringTable& strings, const TextServices& textServices)
+                         const StringTable& strings, const TextServices& textServices,
+                         const DesktopTerminal::Setup& terminal)
     : m_textServices(textServices)
-    , m_parts(std::make_unique<Parts>(clock, mainQueue, background, strings)) {
+    , m_parts(std::make_unique<Parts>(clock, mainQueue, background, strings, terminal)) {
     connect(&m_parts->pasteboard, &X11Pasteboard::connectionLost, this, &X11Platform::displayLost);
 }
 
@@ -75,6 +78,7 @@ Adapters X11Platform::adapters() {
             .menu = m_parts->menu,
             .textEditor = m_parts->textEditor,
             .desktop = m_parts->desktop,
+            .terminal = m_parts->terminal,
             .appearance = m_parts->appearance,
             .textServices = m_textServices};
 }

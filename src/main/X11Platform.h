@@ -6,6 +6,7 @@
 #include "foundation/MainQueue.h"
 #include "foundation/StringTable.h"
 #include "platform/TextServices.h"
+#include "platform/desktop/DesktopTerminal.h"
 
 #include <QObject>
 
@@ -19,7 +20,8 @@ class X11Platform final : public QObject {
 
 public:
     X11Platform(const Clock& clock, MainQueue& mainQueue, BackgroundQueue& background,
-                const StringTable& strings, const TextServices& textServices);
+                const StringTable& strings, const TextServices& textServices,
+                const DesktopTerminal::Setup& terminal);
     ~X11Platform() override;
 
     Adapters adapters();

@@ -5,6 +5,8 @@
 #include "platform/textmodule/LazyTextServices.h"
 #include "ui/Application.h"
 
+#include <QProcessEnvironment>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -42,17 +44,28 @@ bool answeredBeforeStart(int argc, char* argv[]) {
     return false;
 }
 
-int run(QApplication& application) {
+quorvel::DesktopTerminal::Setup terminalSetup(const quorvel::DataPaths& paths,
+                                              const quorvel::StringTable& strings,
+                                              const QProcessEnvironment& environment) {
+    return {.helper = QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel-terminal"),
+            .folder = paths.commandFolder,
+            .firstLineNote = strings.text(QStringLiteral("terminal.firstLineOnly")),
+            .environment = environment};
+}
+
+int run(QApplication& application, const QProcessEnvironment& sessionEnvironment) {
     using namespace quorvel;
     const SystemClock clock;
     QtMainQueue mainQueue;
     ThreadBackgroundQueue disk;
     const StringTable strings = StringTable::forLocale(QLocale::system());
     const LazyTextServices textServices(QCoreApplication::applicationDirPath());
-    X11Platform platform(clock, mainQueue, disk, strings, textServices);
-    AppDelegate delegate({DataPaths::fromEnvironment(), clock, mainQueue, disk, strings,
-                          QCoreApplication::applicationPid()},
-                         platform.adapters());
+    const DataPaths paths = DataPaths::fromEnvironment();
+    X11Platform platform(clock, mainQueue, disk, strings, textServices,
+                         terminalSetup(paths, strings, sessionEnvironment));
+    AppDelegate delegate(
+        {paths, clock, mainQueue, disk, strings, QCoreApplication::applicationPid()},
+        platform.adapters());
     QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QApplication::quit);
     QObject::connect(&platform, &X11Platform::displayLost, &application, &QApplication::quit);
     SignalWatcher signalWatcher;
@@ -77,6 +90,7 @@ int main(int argc, char* argv[]) {
         std::fputs("quorvel: there is no X11 display (DISPLAY is not set)\n", stderr);
         return EXIT_FAILURE;
     }
+    const auto sessionEnvironment = QProcessEnvironment::systemEnvironment();
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     quorvel::Application application(argc, argv);
@@ -84,5 +98,5 @@ int main(int argc, char* argv[]) {
     QApplication::setDesktopFileName(QStringLiteral("quorvel"));
     QApplication::setQuitOnLastWindowClosed(false);
     std::atexit(endRunningDelegate);
-    return run(application);
+    return run(application, sessionEnvironment);
 }

@@ -2,6 +2,7 @@
 
 #include "menu/ClipDetails.h"
 #include "menu/ClipItems.h"
+#include "menu/ContextRows.h"
 #include "menu/RowSource.h"
 #include "menu/Submenus.h"
 #include "paste/PasteOption.h"
@@ -85,6 +86,11 @@ KeyEquivalent recentKey(const RecentClipboardEntry& entry, const MenuBuild& buil
     return {};
 }
 
+/// A separator and the items; nothing without items.
+QList<MenuItem> section(const QList<MenuItem>& items) {
+    return items.isEmpty() ? items : QList<MenuItem>{MenuItem::separator()} + items;
+}
+
 QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& build) {
     QList<MenuItem> items = pasteItems(clipItem(entry, build), idText(entry.id), build);
     constexpr qsizetype normalRow = 2;
@@ -94,8 +100,9 @@ QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& b
             return item.representedObject.endsWith(rawName(PasteOption::plainText)) ||
                    item.representedObject.endsWith(rawName(PasteOption::withEdit));
         });
+    items += section(contextItems(entry.text, build));
     if (build.content().history.entry(entry.id))
-        items += QList<MenuItem>{MenuItem::separator()} + pinItems(entry, build);
+        items += section(pinItems(entry, build));
     return items;
 }
 
@@ -107,7 +114,8 @@ QList<MenuItem> advancedItems(QStringView representedObject, const MenuBuild& bu
         return entryItems(*entry, build);
     if (const Snippet* snippet = build.content().snippets.snippet(source.id))
         return pasteItems(snippetItem(*snippet, source.group, build),
-                          snippetText(source.group, source.id), build);
+                          snippetText(source.group, source.id), build) +
+               section(contextItems(snippet->text, build));
     return {};
 }
 

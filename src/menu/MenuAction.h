@@ -21,6 +21,14 @@ enum class MenuAction {
     togglePinRecentSnippet,
     pinRecentSnippetForHour,
     pinRecentSnippetForDay,
+    pasteContextValue, ///< About a `ContextPastePayload`.
+    openRecentURL,     ///< About an address, as are the other actions that open.
+    openRecentJiraIssue,
+    openRecentPullRequest,
+    composeEmail,          ///< About a "mailto:" address.
+    callRecentPhoneNumber, ///< About a number in its international form.
+    openTerminalCommand,   ///< About a command, to be put at a prompt.
+    runTerminalCommand,
     disableHintsSection,
     openGeneralSettings,
     quit,

@@ -7,6 +7,7 @@
 #include "menu/MenuVariant.h"
 #include "menu/search/SearchTexts.h"
 #include "platform/Pasteboard.h"
+#include "smart/context/TextAnalyses.h"
 #include "smart/masking/ShownTexts.h"
 
 namespace quorvel {
@@ -23,6 +24,7 @@ struct MenuContent {
     const Clock& clock;
     const ShownTexts& shownTexts;
     const SearchTexts& searchTexts;
+    const TextAnalyses& textAnalyses;
 
     QString text(const char* key) const { return strings.text(QString::fromLatin1(key)); }
 };

@@ -33,6 +33,14 @@ struct DataMatch {
     bool isLink() const { return kind == DataKind::url || kind == DataKind::email; }
 };
 
+/// A telephone number taken apart.
+struct PhoneParts {
+    QString countryCode; ///< "+49"
+    QString localNumber; ///< As it is written and dialled inside the country: "030 901820".
+
+    bool operator==(const PhoneParts&) const = default;
+};
+
 /// Finds links, e-mail addresses, telephone numbers, dates and postal addresses in running text.
 /// Never fails; of a very long text it may look at a part only, and takes time in proportion.
 class DataDetector {
@@ -41,6 +49,9 @@ public:
 
     /// Every match, by start; no two overlap.
     virtual QList<DataMatch> matches(const QString& text) const = 0;
+
+    /// The parts of a telephone number in its international form; both empty for what is none.
+    virtual PhoneParts phoneParts(const QString& international) const = 0;
 };
 
 } // namespace quorvel

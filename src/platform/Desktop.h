@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 namespace quorvel {
 
@@ -18,6 +19,11 @@ public:
 
     /// Opens a file in the program that the user has chosen for its kind; false when none took it.
     virtual bool openFile(const QString& path) = 0;
+
+    /// Opens an address in the program that the user has chosen for its kind; false when none took
+    /// it. Only addresses of the web (http, https, ftp, ftps), of mail and of telephones: others
+    /// may do anything.
+    virtual bool openUrl(const QUrl& url) = 0;
 
     /// A message with one button that does not hold up anything; closed by the user.
     virtual void showMessage(const QString& title, const QString& message) = 0;

@@ -1,10 +1,14 @@
 #include "ui/QtDesktop.h"
 
 #include "ui/NoticePanel.h"
+#include "ui/SchemeHandlers.h"
 
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QUrl>
+
+#include <algorithm>
+#include <array>
 
 namespace quorvel {
 
@@ -12,9 +16,27 @@ QtDesktop::QtDesktop(const Icons& icons)
     : m_icons(icons) {}
 
 QtDesktop::~QtDesktop() = default;
+namespace {
+
+/// Which addresses are opened. The opener takes those of the web in any case, and hands others to a
+/// browser when there is no program for them, which helps nobody.
+constexpr std::array webSchemes{QStringView(u"http"), QStringView(u"https"), QStringView(u"ftp"),
+                                QStringView(u"ftps")};
+constexpr std::array otherSchemes{QStringView(u"mailto"), QStringView(u"tel")};
+
+bool canOpen(const QString& scheme) {
+    return std::ranges::count(webSchemes, scheme) > 0 ||
+           (std::ranges::count(otherSchemes, scheme) > 0 && hasSchemeHandler(scheme));
+}
+
+} // namespace
 
 bool QtDesktop::openFile(const QString& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+bool QtDesktop::openUrl(const QUrl& url) {
+    return url.isValid() && canOpen(url.scheme()) && QDesktopServices::openUrl(url);
 }
 
 void QtDesktop::showMessage(const QString& title, const QString& message) {

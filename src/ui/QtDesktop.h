@@ -16,6 +16,7 @@ public:
     ~QtDesktop() override;
 
     bool openFile(const QString& path) override;
+    bool openUrl(const QUrl& url) override;
     void showMessage(const QString& title, const QString& message) override;
     void showNotice(const Notice& notice) override;
 

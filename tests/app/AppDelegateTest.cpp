@@ -35,7 +35,7 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, selectedText, hotKeys,
-               statusItem, menu, textEditor, desktop, appearance, textServices}) {}
+               statusItem, menu, textEditor, desktop, terminal, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -55,6 +55,7 @@ struct Program {
     FakeMenuRenderer menu;
     FakeTextEditor textEditor;
     FakeDesktop desktop;
+    FakeTerminal terminal;
     FakeAppearance appearance;
     FakeTextServices textServices;
     AppDelegate delegate;

@@ -1,8 +1,10 @@
 #include "FakeKeyPoster.h"
+#include "FakeUi.h"
 #include "MenuRig.h"
 
 #include "app/MenuCommands.h"
 #include "menu/ClipItems.h"
+#include "paste/ContextPastePayload.h"
 
 #include <QSignalSpy>
 
@@ -23,7 +25,11 @@ protected:
     PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
     PasteEngine engine{delivery, history};
     CopyTools copyTools{pasteboard, watcher};
-    MenuCommands commands{{history, smartFolders, snippets, pasteboard, engine, copyTools}};
+    FakeDesktop desktop;
+    FakeTerminal terminal;
+    ContextCommands contextCommands{{engine, desktop, terminal, strings}};
+    MenuCommands commands{
+        {history, smartFolders, snippets, pasteboard, engine, copyTools, contextCommands}};
 };
 
 TEST_F(MenuCommandsTest, EveryRowThatPastesFindsItsClipOrSnippet) {
@@ -121,6 +127,46 @@ TEST_F(MenuCommandsTest, CopyToolsAndPinsReachWhatTheyName) {
         EXPECT_EQ(first().pinnedUntil,
                   seconds > 0 ? std::optional(Date(clock.now() + seconds * 1s)) : std::nullopt);
     }
+}
+
+TEST_F(MenuCommandsTest, PartsOfTextsArePastedOpenedCalledAndRun) {
+    const QString value = QStringLiteral("a|b \"c\"\n");
+    choose(MenuAction::pasteContextValue, ContextPastePayload{value, std::nullopt}.text());
+    EXPECT_EQ(pasteboard.string(), value);
+    choose(MenuAction::pasteContextValue, QStringLiteral("nonsense"));
+    EXPECT_EQ(pasteboard.writeCount(), 1);
+    choose(MenuAction::openRecentURL, QStringLiteral("https://a.example/?q=%20x"));
+    choose(MenuAction::openRecentJiraIssue, QStringLiteral("https://t.example/browse/A-1"));
+    choose(MenuAction::openRecentPullRequest, QStringLiteral("https://g.example/pull/1"));
+    choose(MenuAction::composeEmail, QStringLiteral("mailto:jane@example.org"));
+    choose(MenuAction::callRecentPhoneNumber, QStringLiteral("+4930901820"));
+    EXPECT_EQ(desktop.openedUrls.join(u' '),
+              QStringLiteral("https://a.example/?q=%20x https://t.example/browse/A-1 "
+                             "https://g.example/pull/1 mailto:jane@example.org tel:+4930901820"));
+    choose(MenuAction::openTerminalCommand, QStringLiteral("ls -l"));
+    choose(MenuAction::runTerminalCommand, QStringLiteral("ls -l"));
+    EXPECT_EQ(terminal.commands.join(u'|'), QStringLiteral("type ls -l|run ls -l"));
+    EXPECT_TRUE(desktop.messages.isEmpty());
+}
+
+TEST_F(MenuCommandsTest, WhatCannotBeOpenedOrRunIsTold) {
+    desktop.opensUrls = false;
+    for (const MenuAction action :
+         {MenuAction::openRecentURL, MenuAction::composeEmail, MenuAction::callRecentPhoneNumber})
+        choose(action, QStringLiteral("x:"));
+    EXPECT_EQ(desktop.messages.removeDuplicates(), 0);
+    EXPECT_EQ(desktop.messages.size(), 3);
+    QSet<QString> told;
+    for (const TerminalProblem problem :
+         {TerminalProblem::unusableCommand, TerminalProblem::noTerminal, TerminalProblem::noHelper,
+          TerminalProblem::noCommandFile, TerminalProblem::notStarted}) {
+        const bool hasDetail = problem >= TerminalProblem::noCommandFile;
+        terminal.result = {problem, hasDetail ? QStringLiteral("the-detail") : QString()};
+        choose(MenuAction::runTerminalCommand, QStringLiteral("ls"));
+        EXPECT_EQ(desktop.lastMessage.contains(QStringLiteral("the-detail")), hasDetail);
+        told.insert(desktop.lastMessage);
+    }
+    EXPECT_EQ(told.size(), 5);
 }
 
 TEST_F(MenuCommandsTest, WhatOthersDoIsTold) {

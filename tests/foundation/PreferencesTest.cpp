@@ -95,18 +95,28 @@ TEST_F(PreferencesTest, StoredShortcuts) {
     }
 }
 
-TEST_F(PreferencesTest, BaseUrlsFallBackToTheOldTextAndTheEnvironment) {
-    const auto& key = keys::ticketTrackerBaseURLs;
-    const QStringList several{QStringLiteral("https://a.example"),
-                              QStringLiteral("https://b.example")};
-    EXPECT_TRUE(preferences.baseUrls(key).isEmpty());
+TEST_F(PreferencesTest, BaseUrlsFallBackToOlderPlacesAndTheEnvironment) {
+    const keys::BaseUrls key{"list", "former", "QUORVEL_TEST_BASE"};
+    const auto read = [&] { return preferences.baseUrls(key).join(u' '); };
+    const auto put = [this](const char* name, const QJsonValue& value) {
+        preferences.set(keys::Record{name}, value);
+    };
+    EXPECT_EQ(read(), QString());
     qputenv("QUORVEL_TEST_BASE", "https://env.example");
-    EXPECT_EQ(preferences.baseUrls(key, "QUORVEL_TEST_BASE"),
-              QStringList(QStringLiteral("https://env.example")));
-    preferences.set(key, QJsonValue(QStringLiteral("https://old.example")));
-    EXPECT_EQ(preferences.baseUrls(key), QStringList(QStringLiteral("https://old.example")));
-    preferences.setBaseUrls(key, several);
-    EXPECT_EQ(preferences.baseUrls(key, "QUORVEL_TEST_BASE"), several);
+    EXPECT_EQ(read(), QStringLiteral("https://env.example"));
+    put("former", QStringLiteral("https://former.example"));
+    EXPECT_EQ(read(), QStringLiteral("https://former.example"));
+    put("list", QStringLiteral("no list at all"));
+    EXPECT_EQ(read(), QStringLiteral("https://former.example"));
+    put("list", QStringLiteral("https://alone.example"));
+    EXPECT_EQ(read(), QStringLiteral("https://alone.example"));
+    put("list", QJsonArray{QStringLiteral("https://by.hand"), 7});
+    EXPECT_EQ(read(), QStringLiteral("https://by.hand"));
+    preferences.setBaseUrls(key, {QStringLiteral("https://a.example"), QStringLiteral("b")});
+    EXPECT_EQ(read(), QStringLiteral("https://a.example b"));
+    preferences.setBaseUrls(key, {});
+    EXPECT_EQ(read(), QString()) << "an empty list is a list";
+    qunsetenv("QUORVEL_TEST_BASE");
 }
 
 TEST_F(PreferencesTest, ADamagedFileIsSetAsideAndNeverOverwritten) {

@@ -3,6 +3,7 @@
 #include "platform/TextServices.h"
 #include "smart/SmartDetector.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace quorvel::testing {
@@ -17,9 +18,13 @@ public:
         ++detections;
         return found;
     }
+    PhoneParts phoneParts(const QString& international) const override {
+        return phones.value(international);
+    }
     bool hasPersonalName(const QString& text) const override { return names.contains(text); }
 
     QList<DataMatch> found;
+    QHash<QString, PhoneParts> phones; ///< By their international form.
     QSet<QString> names;
     mutable int detections = 0;
 };

@@ -4,6 +4,7 @@
 #include "paste/TextEditor.h"
 #include "platform/Appearance.h"
 #include "platform/Desktop.h"
+#include "platform/Terminal.h"
 #include "platform/TrayIcon.h"
 
 #include <QStringList>
@@ -98,12 +99,37 @@ public:
         openedFiles.append(path);
         return true;
     }
-    void showMessage(const QString& title, const QString&) override { messages.append(title); }
+    bool openUrl(const QUrl& url) override {
+        openedUrls.append(url.toString(QUrl::FullyEncoded));
+        return opensUrls;
+    }
+    void showMessage(const QString& title, const QString& message) override {
+        messages.append(title);
+        lastMessage = message;
+    }
     void showNotice(const Notice& notice) override { notices.append(notice.title); }
 
     QStringList openedFiles;
+    QStringList openedUrls;
     QStringList notices;
     QStringList messages;
+    QString lastMessage;
+    bool opensUrls = true;
+};
+
+class FakeTerminal final : public Terminal {
+public:
+    TerminalResult run(const QString& command) override {
+        commands.append(QStringLiteral("run ") + command);
+        return result;
+    }
+    TerminalResult type(const QString& command) override {
+        commands.append(QStringLiteral("type ") + command);
+        return result;
+    }
+
+    QStringList commands;
+    TerminalResult result;
 };
 
 } // namespace quorvel::testing

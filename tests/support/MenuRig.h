@@ -16,8 +16,9 @@ struct MenuRig : CoreRig {
     StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
     ShownTexts shownTexts;
     SearchTexts searchTexts{preferences};
-    MenuContent content{history,     smartFolders, snippets, folderSnippets, pasteboard,
-                        preferences, strings,      clock,    shownTexts,     searchTexts};
+    TextAnalyses textAnalyses{textServices.dataDetector()};
+    MenuContent content{history, smartFolders, snippets,   folderSnippets, pasteboard,  preferences,
+                        strings, clock,        shownTexts, searchTexts,    textAnalyses};
 
     QUuid addSnippet(const QString& title, const QString& text, const QUuid& group = {},
                      const std::optional<SnippetShortcut>& keys = {}) {

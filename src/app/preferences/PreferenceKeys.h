@@ -36,6 +36,13 @@ struct Record {
     const char* name;
 };
 
+/// A list of addresses, and where one comes from when no list is stored.
+struct BaseUrls {
+    const char* name;
+    const char* formerName = nullptr; ///< Of a single text.
+    const char* environmentVariable = nullptr;
+};
+
 inline constexpr std::uint32_t shiftCommand = 0x120000;
 inline constexpr std::uint32_t controlShift = 0x60000;
 
@@ -51,8 +58,9 @@ inline constexpr Switch smartFolderMostUsedEnabled{"smartFolderMostUsedEnabled",
 inline constexpr Number smartFolderMostUsedThreshold{"smartFolderMostUsedThreshold", 3, 1, 50};
 inline constexpr Switch translationEnabled{"translationEnabled", true};
 inline constexpr Text translationTargetLanguageCode{"translationTargetLanguageCode", "en"};
-inline constexpr Record ticketTrackerBaseURLs{"ticketTrackerBaseURLs"};
-inline constexpr Record pullRequestBaseURLs{"pullRequestBaseURLs"};
+inline constexpr BaseUrls ticketTrackerBaseURLs{"ticketTrackerBaseURLs", "jiraBaseURL",
+                                                "QUORVEL_JIRA_BASE_URL"};
+inline constexpr BaseUrls pullRequestBaseURLs{"pullRequestBaseURLs"};
 inline constexpr HotKey openMenuHotKey{"openMenuHotKey", 'v', shiftCommand};
 inline constexpr HotKey openTranslateHotKey{"openTranslateHotKey", 't', shiftCommand};
 inline constexpr HotKey pastePlainTextHotKey{"pastePlainTextHotKey", 'v', controlShift};

@@ -69,19 +69,26 @@ void Preferences::set(const keys::HotKey& key, const SnippetShortcut& shortcut) 
     m_store.set(named(key.name), QString::fromLatin1(shortcut.toJson().toBase64()));
 }
 
-QStringList Preferences::baseUrls(const keys::Record& key, const char* environmentVariable) const {
+QStringList Preferences::baseUrls(const keys::BaseUrls& key) const {
+    const QJsonValue stored = m_store.value(named(key.name));
+    if (stored.isArray()) // written by hand
+        return strings(stored.toArray());
     const QJsonDocument list = QJsonDocument::fromJson(bytes(key.name));
     if (list.isArray())
         return strings(list.array());
-    const QString legacy = m_store.value(named(key.name)).toString();
-    if (!legacy.isEmpty())
-        return {legacy};
-    const QString fallback =
-        environmentVariable ? qEnvironmentVariable(environmentVariable) : QString();
-    return fallback.isEmpty() ? QStringList() : QStringList(fallback);
+    const QString alone = stored.toString();
+    if (alone.contains(QLatin1String("://")))
+        return {alone};
+    const QString former =
+        key.formerName ? m_store.value(named(key.formerName)).toString() : QString();
+    if (!former.isEmpty())
+        return {former};
+    const QString fromEnvironment =
+        key.environmentVariable ? qEnvironmentVariable(key.environmentVariable) : QString();
+    return fromEnvironment.isEmpty() ? QStringList() : QStringList(fromEnvironment);
 }
 
-void Preferences::setBaseUrls(const keys::Record& key, const QStringList& urls) {
+void Preferences::setBaseUrls(const keys::BaseUrls& key, const QStringList& urls) {
     const QByteArray json =
         QJsonDocument(QJsonArray::fromStringList(urls)).toJson(QJsonDocument::Compact);
     m_store.set(named(key.name), QString::fromLatin1(json.toBase64()));

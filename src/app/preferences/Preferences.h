@@ -29,10 +29,10 @@ public:
     SnippetShortcut hotKey(const keys::HotKey& key) const;
     void set(const keys::HotKey& key, const SnippetShortcut& shortcut);
 
-    /// A list of base URLs: the stored list, else a single text stored under the same key, else
-    /// the environment variable's value when one is named.
-    QStringList baseUrls(const keys::Record& key, const char* environmentVariable = nullptr) const;
-    void setBaseUrls(const keys::Record& key, const QStringList& urls);
+    /// A list of base URLs: the stored list, which may be empty; else a single address stored under
+    /// the same key or under the former one; else the value of the environment variable.
+    QStringList baseUrls(const keys::BaseUrls& key) const;
+    void setBaseUrls(const keys::BaseUrls& key, const QStringList& urls);
 
     QJsonValue record(const keys::Record& key) const;
     void set(const keys::Record& key, const QJsonValue& value);

@@ -1,6 +1,7 @@
 #include "platform/text/TextDataDetector.h"
 
 #include "platform/text/links/LinkFinder.h"
+#include "platform/text/phones/PhoneNumbers.h"
 
 #include <algorithm>
 
@@ -56,6 +57,10 @@ QList<DataMatch> TextDataDetector::matches(const QString& text) const {
     std::stable_sort(found.begin(), found.end(),
                      [](const DataMatch& a, const DataMatch& b) { return a.start < b.start; });
     return settled(found);
+}
+
+PhoneParts TextDataDetector::phoneParts(const QString& international) const {
+    return partsOfPhoneNumber(international);
 }
 
 } // namespace quorvel

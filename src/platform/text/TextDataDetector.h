@@ -17,6 +17,7 @@ public:
     static constexpr qsizetype mostUnits = 128 * 1024;
 
     QList<DataMatch> matches(const QString& text) const override;
+    PhoneParts phoneParts(const QString& international) const override;
 
 private:
     PhoneFinder m_phones;

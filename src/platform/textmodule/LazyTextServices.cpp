@@ -16,6 +16,10 @@ public:
         const TextServices* loaded = m_services.loaded();
         return loaded ? loaded->dataDetector().matches(text) : QList<DataMatch>();
     }
+    PhoneParts phoneParts(const QString& international) const override {
+        const TextServices* loaded = m_services.loaded();
+        return loaded ? loaded->dataDetector().phoneParts(international) : PhoneParts();
+    }
 
 private:
     const LazyTextServices& m_services;

@@ -40,6 +40,9 @@ QString internationalForm(const PhoneNumberUtil& plans, const PhoneNumber& numbe
 /// Inside North America the country's own 1 may stand before the number.
 constexpr int northAmerica = 1;
 
+/// For numbers that name their country themselves.
+constexpr const char* noCountry = "ZZ";
+
 } // namespace
 
 PhoneVerdict judgePhoneNumber(const QString& digits, const Region& region) {
@@ -60,6 +63,17 @@ PhoneVerdict judgePhoneNumber(const QString& digits, const Region& region) {
     if (hasOwnPrefix)
         groups.prepend(1);
     return isWhole || hasOwnPrefix ? PhoneVerdict{international, groups} : PhoneVerdict{};
+}
+
+PhoneParts partsOfPhoneNumber(const QString& international) {
+    const PhoneNumberUtil& plans = *PhoneNumberUtil::GetInstance();
+    PhoneNumber number;
+    const auto error = plans.Parse(international.toStdString(), noCountry, &number);
+    if (error != PhoneNumberUtil::NO_PARSING_ERROR)
+        return {};
+    std::string national;
+    plans.Format(number, PhoneNumberUtil::NATIONAL, &national);
+    return {u'+' + QString::number(number.country_code()), QString::fromStdString(national)};
 }
 
 } // namespace quorvel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DataDetector.h"
 #include "platform/text/Region.h"
 
 #include <QList>
@@ -21,5 +22,8 @@ struct PhoneVerdict {
 /// this country and count only with the prefix that is dialled inside it. The first call loads the
 /// plans (about 6 ms).
 PhoneVerdict judgePhoneNumber(const QString& digits, const Region& region);
+
+/// The parts of a number with "+" before its ASCII digits; both empty for what no plan can have.
+PhoneParts partsOfPhoneNumber(const QString& international);
 
 } // namespace quorvel
