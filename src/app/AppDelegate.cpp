@@ -52,7 +52,9 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_menuPreparation(menuContent(), m_folderSnippets, m_history, m_store,
                         m_environment.mainQueue)
     , m_menuCommands(
-          {m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine, m_copyTools}) {
+          {m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine, m_copyTools})
+    , m_hotKeyCommands({m_hotKeys, m_menu, menuContent(), m_history, m_pasteEngine, m_focusTracker,
+                        m_adapters.keyPoster}) {
     wireMenu();
     wireMenuCommands();
     wirePaste();
@@ -179,10 +181,6 @@ void AppDelegate::wireMenu() {
     connect(&m_adapters.statusItem, &TrayIcon::settingsRequested, this,
             &AppDelegate::openGeneralSettings);
     connect(&m_adapters.statusItem, &TrayIcon::quitRequested, this, &AppDelegate::quitRequested);
-    connect(&m_hotKeys, &GlobalHotKeys::pressed, this, [this](HotKeyId id) {
-        if (id == HotKeyId::openMenu)
-            m_menu.toggle(MenuVariant::pasteHotKey);
-    });
     connect(&m_hotKeys, &GlobalHotKeys::registered, this, &AppDelegate::setClosingKey);
     connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
 }
@@ -207,6 +205,7 @@ void AppDelegate::wireStores() {
 void AppDelegate::wirePaste() {
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
     connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
+    connect(&m_hotKeyCommands, &HotKeyCommands::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
         const QStringList sentences{

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Adapters.h"
+#include "app/HotKeyCommands.h"
 #include "app/LaunchStep.h"
 #include "app/MenuCommands.h"
 #include "clipboard/HistoryStore.h"
@@ -100,6 +101,7 @@ private:
     StatusMenuController m_menu;
     MenuPreparation m_menuPreparation;
     MenuCommands m_menuCommands;
+    HotKeyCommands m_hotKeyCommands;
     ControlServer m_control;
     bool m_running = false;
 };
