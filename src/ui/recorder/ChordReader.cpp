@@ -28,8 +28,12 @@ constexpr std::array controls{
     Control{Qt::Key_Backtab, Kind::leave},
 };
 
+bool isAltWithShift(const QKeyEvent& event) {
+    return event.nativeVirtualKey() == metaLeft || event.nativeVirtualKey() == metaRight;
+}
+
 Modifiers modifierOfKey(const QKeyEvent& event) {
-    if (event.nativeVirtualKey() == metaLeft || event.nativeVirtualKey() == metaRight)
+    if (isAltWithShift(event))
         return Modifier::option;
     switch (event.key()) {
     case Qt::Key_Meta:
@@ -39,6 +43,12 @@ Modifiers modifierOfKey(const QKeyEvent& event) {
     default:
         return modifierOf(event.key());
     }
+}
+
+/// Qt takes every key that is called Meta for one that sets Super.
+Modifiers heldAside(const QKeyEvent& event) {
+    const Modifiers held = modifiersFrom(event.modifiers());
+    return isAltWithShift(event) ? held & ~Modifiers(Modifier::command) : held;
 }
 
 /// A platform that does not number its keys still says what they give.
@@ -62,7 +72,7 @@ Kind controlKind(const QKeyEvent& press) {
 ChordReading readPress(const QKeyEvent& press, const HotKeyCenter& keys) {
     const Modifiers held = modifiersFrom(press.modifiers());
     if (isModifierKey(press.key()))
-        return {Kind::modifiers, held | modifierOfKey(press), {}};
+        return {Kind::modifiers, heldAside(press) | modifierOfKey(press), {}};
     if (press.isAutoRepeat() ||
         std::find(lockKeys.begin(), lockKeys.end(), press.key()) != lockKeys.end())
         return {};
@@ -77,7 +87,7 @@ ChordReading readPress(const QKeyEvent& press, const HotKeyCenter& keys) {
 ChordReading readRelease(const QKeyEvent& release) {
     if (!isModifierKey(release.key()))
         return {};
-    return {Kind::modifiers, modifiersFrom(release.modifiers()) & ~modifierOfKey(release), {}};
+    return {Kind::modifiers, heldAside(release) & ~modifierOfKey(release), {}};
 }
 
 } // namespace quorvel

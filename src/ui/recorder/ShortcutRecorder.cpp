@@ -11,7 +11,6 @@ namespace quorvel {
 namespace {
 
 constexpr int gap = 4;
-constexpr int markSize = 16;
 
 } // namespace
 
@@ -21,14 +20,13 @@ ShortcutRecorder::ShortcutRecorder(const Parts& parts, const SnippetShortcut& by
     , m_strings(parts.strings)
     , m_keys(parts.keys)
     , m_usedBy(parts.usedBy)
-    , m_warning(parts.icons.symbol(QStringLiteral("exclamationmark.triangle")))
     , m_default(byDefault)
     , m_shortcut(byDefault)
-    , m_field([this](QKeyEvent& event) { return read(event); }) {
+    , m_field([this](QKeyEvent& event) { return read(event); })
+    , m_message(parts.icons.symbol(QStringLiteral("exclamationmark.triangle"))) {
     setAccessibleName(parts.name);
     setUpReset(parts.icons);
     layOut();
-    showMark();
     setFocusProxy(&m_field);
     connect(&m_field, &QAbstractButton::clicked, this, &ShortcutRecorder::toggle);
     connect(&m_field, &ChordField::left, this, &ShortcutRecorder::end);
@@ -53,21 +51,15 @@ void ShortcutRecorder::setUpReset(const Icons& icons) {
 }
 
 void ShortcutRecorder::layOut() {
-    m_message.setWordWrap(true);
-    m_message.setTextFormat(Qt::PlainText);
     auto* top = new QHBoxLayout;
     top->setSpacing(gap);
     top->addWidget(&m_field, 1);
     top->addWidget(&m_reset);
-    auto* below = new QHBoxLayout;
-    below->setSpacing(gap);
-    below->addWidget(&m_mark, 0, Qt::AlignTop);
-    below->addWidget(&m_message, 1);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(gap);
     rows->addLayout(top);
-    rows->addLayout(below);
+    rows->addWidget(&m_message);
 }
 
 void ShortcutRecorder::setShortcut(const SnippetShortcut& shortcut) {
@@ -159,11 +151,7 @@ void ShortcutRecorder::showShortcut() {
 }
 
 void ShortcutRecorder::say(const QString& message, Tone tone) {
-    m_message.setText(message);
-    m_message.setForegroundRole(tone == Tone::quiet ? QPalette::PlaceholderText
-                                                    : QPalette::WindowText);
-    m_message.setVisible(!message.isEmpty());
-    m_mark.setVisible(!message.isEmpty() && tone == Tone::warning);
+    m_message.say(message, tone);
     describe();
 }
 
@@ -174,14 +162,7 @@ void ShortcutRecorder::describe() {
     m_field.setAccessibleDescription(message().isEmpty() ? text("recorder.start") : message());
 }
 
-/// A picture in a label does not follow the palette by itself.
-void ShortcutRecorder::showMark() {
-    m_mark.setPixmap(m_warning.pixmap(QSize(markSize, markSize), devicePixelRatioF()));
-}
-
 void ShortcutRecorder::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange)
-        showMark();
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         end();
     QWidget::changeEvent(event);

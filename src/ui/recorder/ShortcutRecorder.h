@@ -4,8 +4,8 @@
 #include "ui/Icons.h"
 #include "ui/recorder/ChordField.h"
 #include "ui/recorder/ChordReader.h"
+#include "ui/recorder/MessageLine.h"
 
-#include <QLabel>
 #include <QToolButton>
 
 #include <functional>
@@ -56,11 +56,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    enum class Tone { quiet, warning };
+    using Tone = MessageLine::Tone;
 
     void layOut();
     void setUpReset(const Icons& icons);
-    void showMark();
     void toggle();
     void begin();
     void end();
@@ -78,14 +77,12 @@ private:
     const StringTable m_strings;
     const HotKeyCenter& m_keys;
     const std::function<QString(const SnippetShortcut&)> m_usedBy;
-    const QIcon m_warning;
     const SnippetShortcut m_default;
     SnippetShortcut m_shortcut;
     QString m_problem;
     ChordField m_field;
     QToolButton m_reset;
-    QLabel m_mark;
-    QLabel m_message;
+    MessageLine m_message;
 };
 
 } // namespace quorvel
