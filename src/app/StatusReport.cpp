@@ -44,8 +44,9 @@ QJsonObject hotKey(const HotKeyState& state, const StringTable& strings) {
         {QStringLiteral("name"), state.name},
         {QStringLiteral("shortcut"), keyEquivalentText(keys, strings)},
         {QStringLiteral("state"), resultName(state.result)},
-        {QStringLiteral("status"), state.status},
     };
+    if (state.status != 0)
+        object.insert(QStringLiteral("status"), state.status);
     if (!state.takenBy.isEmpty())
         object.insert(QStringLiteral("takenBy"), state.takenBy);
     return object;
