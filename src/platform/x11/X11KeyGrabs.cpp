@@ -88,12 +88,12 @@ const X11KeyGrabs::Grab* X11KeyGrabs::find(xcb_keycode_t key, quint16 mask) cons
 }
 
 void X11KeyGrabs::standAside(xcb_keycode_t key, quint16 mask) {
-    const Grab* grab = find(key, mask);
-    if (!grab)
-        return;
-    release(*grab);
-    m_aside.append(*grab);
-    m_grabs.removeIf([&](const Grab& other) { return other.isFor(key, mask); });
+    if (const Grab* grab = find(key, mask)) {
+        release(*grab);
+        m_aside.append(*grab);
+        m_grabs.removeIf([&](const Grab& other) { return other.isFor(key, mask); });
+    }
+    // Also for nothing of ours: a menu's grab may be on its way out on this connection.
     roundTrip();
 }
 
