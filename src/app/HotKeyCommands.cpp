@@ -63,7 +63,7 @@ void HotKeyCommands::pasteRecentClip(int position, Modifiers further) {
         return;
     ClipboardHistory& history = m_parts.history;
     m_parts.pasteEngine.pasteText(entry->text, PasteOption::keepClipboard,
-                                  [&history, id = entry->id] { history.bump(id); });
+                                  [&history, used = *entry] { history.bump(used); });
 }
 
 void HotKeyCommands::pastePlainText() {

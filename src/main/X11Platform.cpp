@@ -23,9 +23,10 @@ struct X11Platform::Parts {
         : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
-        , keyPoster(
-              connection, mainQueue, hotKeys,
-              {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
+        , keyPoster(connection, mainQueue, hotKeys,
+                    {[this] { pasteboard.offerAsPrimary(); },
+                     [this](quint32 window) { pasteboard.expectReader(window); },
+                     [this] { return pasteboard.isSettled(); }})
         , menu(icons, strings)
         , statusItem(strings, icons)
         , textEditor(strings) {

@@ -23,7 +23,7 @@ protected:
     bool press(char key, Modifiers modifiers) {
         pasted.clear();
         const bool isOurs = center.press(KeyPosition(key), modifiers);
-        mainQueue.advance(1s);
+        mainQueue.advance(2s);
         return isOurs;
     }
     QString pastedText() { return pasted.isEmpty() ? QString() : pasted.last().at(0).toString(); }
@@ -38,7 +38,8 @@ protected:
     FakeKeyPoster keyPoster;
     FakeMenuRenderer renderer;
     FocusTracker focus{workspace, mainQueue, 1};
-    PasteEngine engine{pasteboard, watcher, history, focus, workspace, keyPoster, mainQueue};
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    PasteEngine engine{delivery, history};
     GlobalHotKeys hotKeys{center, preferences, store};
     StatusMenuController menu{{.content = content,
                                .history = history,
@@ -93,7 +94,7 @@ TEST_F(HotKeyCommandsTest, FurtherModifiersChooseHowTheClipIsPasted) {
         center.press('1', controlSuper | further);
         EXPECT_EQ(formsOnPasteboard(), forms);
         EXPECT_EQ(pasteboard.string(), QStringLiteral("clip"));
-        mainQueue.advance(1s);
+        mainQueue.advance(2s);
         EXPECT_EQ(pasteboard.string() == u"before", isKept);
     }
     EXPECT_EQ(first().usageCount, 4);
