@@ -60,7 +60,9 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_contextCommands(
           {m_pasteEngine, m_adapters.desktop, m_adapters.terminal, m_environment.strings})
     , m_menuCommands({m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine,
-                      m_copyTools, m_contextCommands}) {
+                      m_copyTools, m_contextCommands})
+    , m_hotKeyCommands({m_hotKeys, m_menu, menuContent(), m_history, m_pasteEngine, m_focusTracker,
+                        m_adapters.keyPoster}) {
     wireMenu();
     wireMenuCommands();
     wirePaste();
@@ -188,10 +190,6 @@ void AppDelegate::wireMenu() {
     connect(&m_adapters.statusItem, &TrayIcon::settingsRequested, this,
             &AppDelegate::openGeneralSettings);
     connect(&m_adapters.statusItem, &TrayIcon::quitRequested, this, &AppDelegate::quitRequested);
-    connect(&m_hotKeys, &GlobalHotKeys::pressed, this, [this](HotKeyId id) {
-        if (id == HotKeyId::openMenu)
-            m_menu.toggle(MenuVariant::pasteHotKey);
-    });
     connect(&m_hotKeys, &GlobalHotKeys::registered, this, &AppDelegate::setClosingKey);
     connect(&m_menu, &StatusMenuController::aboutToOpen, &m_focusTracker, &FocusTracker::refresh);
 }
@@ -217,6 +215,7 @@ void AppDelegate::wirePaste() {
     connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
     connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, &AppDelegate::reportPost);
+    connect(&m_hotKeyCommands, &HotKeyCommands::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_pasteDelivery, &PasteDelivery::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
         const QStringList sentences{

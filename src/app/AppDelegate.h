@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Adapters.h"
+#include "app/HotKeyCommands.h"
 #include "app/LaunchStep.h"
 #include "app/MenuCommands.h"
 #include "clipboard/HistoryStore.h"
@@ -107,6 +108,7 @@ private:
     MenuPreparation m_menuPreparation;
     ContextCommands m_contextCommands;
     MenuCommands m_menuCommands;
+    HotKeyCommands m_hotKeyCommands;
     ControlServer m_control;
     bool m_running = false;
 };

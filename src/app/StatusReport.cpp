@@ -1,5 +1,7 @@
 #include "app/StatusReport.h"
 
+#include "menu/KeyNames.h"
+
 #include <QJsonArray>
 
 namespace quorvel {
@@ -30,35 +32,30 @@ QString resultName(HotKeyState::Result result) {
         return QStringLiteral("taken");
     case HotKeyState::Result::noSuchKey:
         return QStringLiteral("no such key");
+    case HotKeyState::Result::off:
+        return QStringLiteral("off");
     }
     return {};
 }
 
-QString shortcutName(const SnippetShortcut& shortcut) {
-    struct Name {
-        Modifier modifier;
-        const char* text;
+QJsonObject hotKey(const HotKeyState& state, const StringTable& strings) {
+    const KeyEquivalent keys{state.shortcut.key, state.shortcut.modifiers()};
+    QJsonObject object{
+        {QStringLiteral("name"), state.name},
+        {QStringLiteral("shortcut"), keyEquivalentText(keys, strings)},
+        {QStringLiteral("state"), resultName(state.result)},
     };
-    constexpr std::array<Name, 4> names{{{Modifier::control, "Ctrl+"},
-                                         {Modifier::option, "Alt+"},
-                                         {Modifier::shift, "Shift+"},
-                                         {Modifier::command, "Super+"}}};
-    QString text;
-    for (const Name& name : names)
-        if (shortcut.modifiers().testFlag(name.modifier))
-            text += QLatin1StringView(name.text);
-    return text + shortcut.key.toUpper();
+    if (state.status != 0)
+        object.insert(QStringLiteral("status"), state.status);
+    if (!state.takenBy.isEmpty())
+        object.insert(QStringLiteral("takenBy"), state.takenBy);
+    return object;
 }
 
-QJsonArray hotKeys(const GlobalHotKeys& keys) {
+QJsonArray hotKeys(const GlobalHotKeys& keys, const StringTable& strings) {
     QJsonArray list;
     for (const HotKeyState& state : keys.states())
-        list.append(QJsonObject{
-            {QStringLiteral("name"), state.name},
-            {QStringLiteral("shortcut"), shortcutName(state.shortcut)},
-            {QStringLiteral("state"), resultName(state.result)},
-            {QStringLiteral("status"), state.status},
-        });
+        list.append(hotKey(state, strings));
     return list;
 }
 
@@ -116,7 +113,7 @@ QJsonObject statusReport(const ControlledParts& parts) {
         {QStringLiteral("adapter"), parts.adapters.name},
         {QStringLiteral("tray"), parts.adapters.statusItem.state()},
         {QStringLiteral("canPostKeys"), parts.adapters.keyPoster.isTrusted()},
-        {QStringLiteral("hotKeys"), hotKeys(parts.hotKeys)},
+        {QStringLiteral("hotKeys"), hotKeys(parts.hotKeys, parts.environment.strings)},
         {QStringLiteral("clips"), parts.history.recentClipboard().size()},
         {QStringLiteral("snippets"), snippetCount(parts.store)},
         {QStringLiteral("smartFolders"), smartFolders(parts.smartFolders)},

@@ -8,4 +8,8 @@ namespace quorvel {
 /// Lines begin with a bracketed tag, such as "[Quorvel HotKey] ". Never holds clipboard content.
 void logLine(const QString& line);
 
+/// The same for what only matters to whoever looks for a fault; not written unless it is asked for
+/// with QT_LOGGING_RULES="quorvel.detail=true".
+void logDetail(const QString& line);
+
 } // namespace quorvel

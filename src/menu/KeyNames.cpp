@@ -4,9 +4,18 @@
 
 namespace quorvel {
 
-QString keyEquivalentText(const KeyEquivalent& equivalent, const StringTable& strings) {
-    if (equivalent.key.isEmpty())
-        return {};
+namespace {
+
+QString keyText(const QString& key, const StringTable& strings) {
+    if (key == u" ")
+        return strings.text(QStringLiteral("key.space"));
+    const QString upper = key.toUpper();
+    return upper.size() == key.size() ? upper : key; // A sharp s would become two letters.
+}
+
+} // namespace
+
+QStringList keyEquivalentParts(const KeyEquivalent& equivalent, const StringTable& strings) {
     QStringList parts;
     if (equivalent.modifiers.testFlag(Modifier::command))
         parts += strings.text(QStringLiteral("key.super"));
@@ -16,7 +25,15 @@ QString keyEquivalentText(const KeyEquivalent& equivalent, const StringTable& st
         parts += strings.text(QStringLiteral("key.alt"));
     if (equivalent.modifiers.testFlag(Modifier::shift))
         parts += strings.text(QStringLiteral("key.shift"));
-    return (parts << equivalent.key.toUpper()).join(QLatin1Char('+'));
+    if (!equivalent.key.isEmpty())
+        parts += keyText(equivalent.key, strings);
+    return parts;
+}
+
+QString keyEquivalentText(const KeyEquivalent& equivalent, const StringTable& strings) {
+    if (equivalent.key.isEmpty())
+        return {};
+    return keyEquivalentParts(equivalent, strings).join(QLatin1Char('+'));
 }
 
 } // namespace quorvel

@@ -99,6 +99,12 @@ qsizetype recentCount(const MenuContent& content) {
     return content.preferences.number(keys::clipboardHistoryLimit);
 }
 
+const RecentClipboardEntry* recentEntry(const MenuContent& content, qsizetype position) {
+    const auto& entries = content.history.recentClipboard();
+    const bool isShown = position >= 0 && position < std::min(recentCount(content), entries.size());
+    return isShown ? &entries.at(position) : nullptr;
+}
+
 QList<const RecentClipboardEntry*> overflowEntries(const MenuBuild& build) {
     const auto& entries = build.content().history.recentClipboard();
     QList<const RecentClipboardEntry*> beyond;

@@ -15,6 +15,10 @@ QList<const RecentClipboardEntry*> overflowEntries(const MenuBuild& build);
 /// How many entries the menu shows before the others go into a submenu.
 qsizetype recentCount(const MenuContent& content);
 
+/// The entry at this place of the recent ones, from 0; null when there are not so many. Valid until
+/// the history changes.
+const RecentClipboardEntry* recentEntry(const MenuContent& content, qsizetype position);
+
 /// How many clips and snippets of a smart folder the search lets through.
 qsizetype folderCount(SmartFolderKind folder, const MenuBuild& build);
 

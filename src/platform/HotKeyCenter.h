@@ -32,12 +32,20 @@ public:
     /// The key of the number row: 0 for the key labelled 1 … 8 for 9, 9 for 0.
     virtual KeyPosition numberRowPosition(int index) const = 0;
 
-    virtual HotKeyRegistration registerHotKey(KeyPosition position, Modifiers modifiers,
-                                              quint32 id) = 0;
+    /// The character by which a shortcut names the key at this position, lower-case: what it gives
+    /// in the current layout, or in another one when the current one has no Latin letters. Absent
+    /// when `positionFor` would not find the key again by it.
+    virtual std::optional<QChar> characterAt(KeyPosition position) const = 0;
+
+    /// One hot key. Any of the optional modifiers may be held as well; a combination with them that
+    /// somebody else has is left alone and no failure.
+    virtual HotKeyRegistration registerHotKey(KeyPosition position, Modifiers modifiers, quint32 id,
+                                              Modifiers optionalModifiers = {}) = 0;
     virtual void unregisterHotKey(HotKeyReference reference) = 0;
 
 signals:
-    void pressed(quint32 id);
+    /// With all the modifiers held, the optional ones among them.
+    void pressed(quint32 id, quorvel::Modifiers modifiersHeld);
 
     /// Keys moved or layouts were switched: positions have to be looked up again.
     void keyboardChanged();

@@ -92,11 +92,15 @@ std::ostream& operator<<(std::ostream& stream, const Adapter& adapter) {
 struct Listener {
     explicit Listener(HotKeyCenter& center) {
         QObject::connect(&center, &HotKeyCenter::pressed, &center,
-                         [this](quint32 id) { ids.append(id); });
+                         [this](quint32 id, Modifiers modifiers) {
+                             ids.append(id);
+                             held.append(modifiers);
+                         });
         QObject::connect(&center, &HotKeyCenter::keyboardChanged, &center,
                          [this] { ++keyboardChanges; });
     }
     QList<quint32> ids;
+    QList<Modifiers> held; ///< With each of them.
     int keyboardChanges = 0;
 };
 
@@ -162,6 +166,26 @@ TEST_P(HotKeyCenterConformance, anUnregisteredKeyIsFreeForOthers) {
     EXPECT_NO_THROW(outside->take(t, Modifier::option));
 }
 
+TEST_P(HotKeyCenterConformance, optionalModifiersAreToldAndNoneOfThemHasToBeFree) {
+    const KeyPosition one = center.numberRowPosition(0);
+    const Modifiers base = Modifier::control | Modifier::command;
+    const Modifiers optional = Modifier::shift | Modifier::option;
+    outside->take(one, base | Modifier::option);
+    const auto registration = center.registerHotKey(one, base, 100, optional);
+    ASSERT_EQ(registration.status, 0);
+    EXPECT_EQ(center.registerHotKey(one, base | Modifier::shift, 8).status, 10);
+    outside->press(one, base | Modifier::option);
+    outside->press(one, Modifier::control | Modifier::shift);
+    for (const Modifiers further : {Modifiers(), Modifiers(Modifier::shift), optional})
+        outside->press(one, base | further);
+    EXPECT_TRUE(reach(3));
+    EXPECT_THAT(listener.ids, ElementsAre(100U, 100U, 100U));
+    EXPECT_THAT(listener.held, ElementsAre(base, base | Modifier::shift, base | optional));
+    center.unregisterHotKey(registration.reference);
+    EXPECT_NO_THROW(outside->take(one, base | optional));
+    EXPECT_NO_THROW(outside->take(one, base));
+}
+
 INSTANTIATE_TEST_SUITE_P(Adapters, HotKeyCenterConformance,
                          testing::Values(Adapter{"fake",
                                                  []() -> std::unique_ptr<HotKeyOutside> {
@@ -189,17 +213,29 @@ protected:
     Listener listener{center};
 };
 
-TEST_F(X11HotKeyCenterTest, lockKeysMakeNoDifference) {
-    ASSERT_EQ(center.registerHotKey(keyboard::v, Modifier::control | Modifier::shift, 4).status, 0);
+TEST_F(X11HotKeyCenterTest, neitherLockKeysNorTheLayoutMakeADifference) {
+    layout({QStringLiteral("us,ru,us"), QStringLiteral("-variant"), QStringLiteral(",,dvorak")});
+    ASSERT_TRUE(waitUntil([&] { return listener.keyboardChanges > 0; }));
+    const Modifiers base = Modifier::control | Modifier::command;
+    ASSERT_EQ(center.registerHotKey(keyboard::v, base, 4, Modifier::shift).status, 0);
     qsizetype presses = 0;
-    // Four taps come back to where we were.
-    for (const xcb_keycode_t lock :
-         {keyboard::capsLock, keyboard::numLock, keyboard::capsLock, keyboard::numLock}) {
-        outside.other().type({lock});
-        outside.press(keyboard::v, Modifier::control | Modifier::shift);
+    const auto press = [&](Modifiers modifiers) {
+        outside.press(keyboard::v, modifiers);
         ++presses;
-        EXPECT_TRUE(waitUntil([&] { return listener.ids.size() == presses; })) << int(lock);
+        return waitUntil([&] { return listener.ids.size() == presses; }) &&
+               listener.held.last() == modifiers;
+    };
+    for (const int group : {0, 1, 2}) {
+        outside.other().chooseGroup(group);
+        // Four taps come back to where we were.
+        for (const xcb_keycode_t lock :
+             {keyboard::capsLock, keyboard::numLock, keyboard::capsLock, keyboard::numLock}) {
+            outside.other().type({lock});
+            EXPECT_TRUE(press(base)) << group << ' ' << int(lock);
+            EXPECT_TRUE(press(base | Modifier::shift)) << group << ' ' << int(lock);
+        }
     }
+    outside.other().chooseGroup(0);
 }
 
 TEST_F(X11HotKeyCenterTest, whenOneLockVariantIsTakenNoneIsKept) {
@@ -235,6 +271,42 @@ TEST_F(X11HotKeyCenterTest, charactersAreFoundInEveryLayout) {
     EXPECT_EQ(center.positionFor(u'漢'), std::nullopt);
     for (int i = 0; i < 10; ++i)
         EXPECT_EQ(center.numberRowPosition(i), KeyPosition(10 + i));
+}
+
+TEST_F(X11HotKeyCenterTest, aKeyIsNamedByACharacterThatFindsItAgain) {
+    struct Case {
+        QString layouts;
+        int group;
+        KeyPosition position;
+        std::optional<QChar> character;
+    };
+    constexpr KeyPosition slash = 61, caret = 49, enter = 36, keypadOne = 87;
+    const std::vector<Case> cases{
+        {QStringLiteral("us"), 0, keyboard::v, u'v'},
+        {QStringLiteral("us(dvorak)"), 0, keyboard::v, u'k'},
+        {QStringLiteral("fr"), 0, keyboard::one, u'&'},
+        {QStringLiteral("de"), 0, 29, u'z'},
+        {QStringLiteral("de"), 0, 48, QChar(u'ä')},
+        {QStringLiteral("ru"), 0, keyboard::v, u'v'},
+        {QStringLiteral("ru,us"), 0, keyboard::v, u'v'},
+        {QStringLiteral("ru,fr"), 0, 24, u'a'},
+        {QStringLiteral("us,ru"), 1, keyboard::v, u'v'},
+        {QStringLiteral("us,ru"), 1, slash, u'.'}, // a slash is on another key there
+        {QStringLiteral("de"), 0, caret, u'`'},    // a dead key
+        {QStringLiteral("us"), 0, enter, std::nullopt},
+        {QStringLiteral("us"), 0, keypadOne, std::nullopt},
+    };
+    for (const auto& [layouts, group, position, character] : cases) {
+        SCOPED_TRACE(layouts.toStdString() + " " + std::to_string(position));
+        layout({layouts});
+        outside.other().chooseGroup(group);
+        EXPECT_TRUE(waitUntil([&] { return center.characterAt(position) == character; }))
+            << qPrintable(QString(center.characterAt(position).value_or(u'?')));
+        if (character) {
+            EXPECT_EQ(center.positionFor(*character), position);
+        }
+        outside.other().chooseGroup(0);
+    }
 }
 
 TEST_F(X11HotKeyCenterTest, aMovedKeyIsAnnounced) {

@@ -51,7 +51,8 @@ TEST(StringTable, EveryKeyIsUsedAndEveryUsedKeyExists) {
     for (const QString& key : english.keys())
         EXPECT_TRUE(used.contains(key)) << "nothing uses " << qPrintable(key);
     static const QRegularExpression keyShape(
-        QStringLiteral("^(menu|action|app|achievements|error|hint|paste|tray|key)\\.[A-Za-z.]+$"));
+        QStringLiteral("^(menu|action|app|achievements|error|hint|hotKey|paste|tray|key|"
+                       "recorder)\\.[A-Za-z.]+$"));
     for (const QString& literal : used)
         if (keyShape.match(literal).hasMatch()) {
             EXPECT_TRUE(english.contains(literal)) << "no text for " << qPrintable(literal);

@@ -23,8 +23,8 @@ public:
     /// The user presses keys; false when nobody has them.
     bool press(KeyPosition position, Modifiers modifiers) {
         for (const Held& held : std::as_const(m_held))
-            if (held.combination == Combination{position, modifiers.toInt()}) {
-                emit pressed(held.id);
+            if (held.combinations.contains({position, modifiers.toInt()})) {
+                emit pressed(held.id, modifiers);
                 return true;
             }
         return false;
@@ -35,27 +35,46 @@ public:
         return m_missing.contains(character) ? std::nullopt
                                              : std::optional<KeyPosition>(character.unicode());
     }
+    std::optional<QChar> characterAt(KeyPosition position) const override {
+        const auto character = QChar::fromUcs2(char16_t(position));
+        return character.isPrint() && !m_missing.contains(character) ? std::optional(character)
+                                                                     : std::nullopt;
+    }
     KeyPosition numberRowPosition(int index) const override {
         return KeyPosition(QStringLiteral("1234567890").at(index).unicode());
     }
-    HotKeyRegistration registerHotKey(KeyPosition position, Modifiers modifiers,
-                                      quint32 id) override {
-        const Combination combination{position, modifiers.toInt()};
-        for (const Held& held : std::as_const(m_held))
-            if (held.combination == combination)
-                return {0, 10};
-        if (m_taken.contains(combination))
-            return {0, m_taken.value(combination)};
-        m_held.insert(++m_lastReference, {combination, id});
+    HotKeyRegistration registerHotKey(KeyPosition position, Modifiers modifiers, quint32 id,
+                                      Modifiers optionalModifiers = {}) override {
+        const int status = statusOf({position, modifiers.toInt()});
+        if (status != 0)
+            return {0, status};
+        Held held{{}, id};
+        const quint32 optional = optionalModifiers.toInt();
+        for (quint32 choice = optional;; choice = (choice - 1) & optional) {
+            const Combination combination{position, modifiers.toInt() | choice};
+            if (statusOf(combination) == 0)
+                held.combinations.append(combination);
+            if (choice == 0)
+                break;
+        }
+        m_held.insert(++m_lastReference, held);
         return {m_lastReference, 0};
     }
     void unregisterHotKey(HotKeyReference reference) override { m_held.remove(reference); }
 
 private:
     struct Held {
-        Combination combination;
+        QList<Combination> combinations;
         quint32 id;
     };
+
+    int statusOf(const Combination& combination) const {
+        for (const Held& held : m_held)
+            if (held.combinations.contains(combination))
+                return 10;
+        return m_taken.value(combination, 0);
+    }
+
     QMap<HotKeyReference, Held> m_held;
     QMap<Combination, int> m_taken;
     QList<QChar> m_missing;

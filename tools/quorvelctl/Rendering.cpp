@@ -67,13 +67,23 @@ QString plain(const QJsonValue& value) {
     return value.toVariant().toString();
 }
 
+/// The fields of an object on one line: lists of them are to be read at a glance.
+QString element(const QJsonValue& value) {
+    if (!value.isObject())
+        return plain(value);
+    const QJsonObject object = value.toObject();
+    QStringList fields;
+    for (auto field = object.begin(); field != object.end(); ++field)
+        fields += field.key() + QStringLiteral(": ") + plain(field.value());
+    return fields.join(QStringLiteral(", "));
+}
+
 QString outlineAt(const QJsonValue& value, int depth) {
     const QString indent(depth * 2, QLatin1Char(' '));
     QString text;
     if (value.isArray()) {
-        for (const auto& element : value.toArray())
-            text +=
-                element.isObject() ? outlineAt(element, depth) : indent + plain(element) + u'\n';
+        for (const auto& one : value.toArray())
+            text += indent + element(one) + u'\n';
         return text;
     }
     const QJsonObject object = value.toObject();

@@ -56,13 +56,25 @@ void Preferences::set(const keys::Text& key, const QString& value) {
 SnippetShortcut Preferences::hotKey(const keys::HotKey& key) const {
     const QString defaultKey = QChar::fromLatin1(key.key);
     auto stored = SnippetShortcut::fromJson(bytes(key.name));
-    if (!stored)
+    if (!stored || !stored->sparesTyping())
         return {defaultKey, key.modifiers};
     stored->key = stored->key.toLower();
     if (stored->key.size() != 1)
         stored->key = defaultKey;
     stored->modifiersRawValue &= modifierMask;
     return *stored;
+}
+
+bool Preferences::hasUnusableHotKey(const keys::HotKey& key) const {
+    if (m_store.value(named(key.name)).isUndefined())
+        return false;
+    const auto stored = SnippetShortcut::fromJson(bytes(key.name));
+    return !stored || stored->key.toLower() != hotKey(key).key ||
+           stored->modifiers() != hotKey(key).modifiers();
+}
+
+void Preferences::clear(const keys::HotKey& key) {
+    m_store.remove(named(key.name));
 }
 
 void Preferences::set(const keys::HotKey& key, const SnippetShortcut& shortcut) {

@@ -26,8 +26,14 @@ public:
     QString text(const keys::Text& key) const;
     void set(const keys::Text& key, const QString& value);
 
+    /// The default stands in for a stored shortcut that would take what is typed from every
+    /// program, and the default's key for one that is not a single character.
     SnippetShortcut hotKey(const keys::HotKey& key) const;
+
+    /// Whether something is stored that could not be taken as it stands.
+    bool hasUnusableHotKey(const keys::HotKey& key) const;
     void set(const keys::HotKey& key, const SnippetShortcut& shortcut);
+    void clear(const keys::HotKey& key);
 
     /// A list of base URLs: the stored list, which may be empty; else a single address stored under
     /// the same key or under the former one; else the value of the environment variable.

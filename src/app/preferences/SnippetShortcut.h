@@ -18,6 +18,12 @@ struct SnippetShortcut {
     /// Only the four modifier bits that shortcuts may use.
     Modifiers modifiers() const { return Modifiers::fromInt(modifiersRawValue & modifierMask); }
 
+    /// Whether it leaves what is typed alone, as one for all programs must: with Shift at most, a
+    /// letter would be taken from every program.
+    bool sparesTyping() const {
+        return modifiers() & (Modifier::control | Modifier::option | Modifier::command);
+    }
+
     QByteArray toJson() const;
 
     /// Absent when the bytes are not a shortcut at all; a key of the wrong length is kept as it is.

@@ -28,15 +28,21 @@ xcb_connection_t* qtConnection() {
     return application ? application->connection() : nullptr;
 }
 
-std::array<quint16, 4> lockVariants(quint16 numLock) {
-    return {0, XCB_MOD_MASK_LOCK, numLock, quint16(XCB_MOD_MASK_LOCK | numLock)};
+/// Every choice out of these, but for none of them.
+QList<Modifiers> choicesOf(Modifiers modifiers) {
+    QList<Modifiers> choices;
+    const quint32 all = modifiers.toInt();
+    for (quint32 choice = all; choice != 0; choice = (choice - 1) & all)
+        choices.append(Modifiers::fromInt(choice));
+    return choices;
 }
 
 } // namespace
 
 X11HotKeyCenter::X11HotKeyCenter(xcb_window_t root)
     : m_connection(qtConnection())
-    , m_root(root) {
+    , m_root(root)
+    , m_grabs(m_connection, root) {
     Q_ASSERT(m_connection);
     const xcb_query_extension_reply_t* xkb = xcb_get_extension_data(m_connection, &xcb_xkb_id);
     if (xkb && xkb->present)
@@ -47,14 +53,20 @@ X11HotKeyCenter::X11HotKeyCenter(xcb_window_t root)
 
 X11HotKeyCenter::~X11HotKeyCenter() {
     qGuiApp->removeNativeEventFilter(this);
-    for (const HotKey& hotKey : qAsConst(m_hotKeys))
-        ungrab(hotKey);
-    roundTrip();
 }
 
 std::optional<KeyPosition> X11HotKeyCenter::positionFor(QChar character) const {
     const auto key = m_tables ? m_tables->keyFor(character) : std::nullopt;
     return key ? key : usKeyFor(character);
+}
+
+std::optional<QChar> X11HotKeyCenter::characterAt(KeyPosition position) const {
+    if (!m_tables)
+        return std::nullopt;
+    for (const QChar name : m_tables->plainCharacters(position))
+        if (positionFor(name) == position)
+            return name;
+    return std::nullopt;
 }
 
 KeyPosition X11HotKeyCenter::numberRowPosition(int index) const {
@@ -63,57 +75,46 @@ KeyPosition X11HotKeyCenter::numberRowPosition(int index) const {
 }
 
 HotKeyRegistration X11HotKeyCenter::registerHotKey(KeyPosition position, Modifiers modifiers,
-                                                   quint32 id) {
+                                                   quint32 id, Modifiers optionalModifiers) {
+    using Grab = X11KeyGrabs::Grab;
     const auto mask = m_tables ? m_tables->maskFor(modifiers) : std::nullopt;
     if (!mask || position > 0xff)
         return {0, XCB_VALUE};
-    const HotKey hotKey = {id, xcb_keycode_t(position), *mask, m_tables->numLockMask()};
-    // The server lets one client grab twice, and the first to let go would end both.
-    const bool ours = find(hotKey.key, hotKey.modifiers) != 0;
-    const int status = ours ? int(XCB_ACCESS) : grab(hotKey);
-    if (status != 0)
-        return {0, status};
-    m_hotKeys.insert(++m_lastReference, hotKey);
-    return {m_lastReference, 0};
+    const HotKeyReference reference = ++m_lastReference;
+    const Grab required = {reference, xcb_keycode_t(position), *mask, m_tables->numLockMask(),
+                           modifiers};
+    if (const auto failures = m_grabs.add({required}); !failures.isEmpty())
+        return {0, failures.first().status};
+    noteMissed(m_grabs.add(grabsFor(required, optionalModifiers)), id);
+    m_ids.insert(reference, id);
+    return {reference, 0};
+}
+
+QList<X11KeyGrabs::Grab> X11HotKeyCenter::grabsFor(const X11KeyGrabs::Grab& required,
+                                                   Modifiers optional) const {
+    QList<X11KeyGrabs::Grab> grabs;
+    for (const Modifiers choice : choicesOf(optional & ~required.modifiers))
+        if (const auto mask = m_tables->maskFor(required.modifiers | choice))
+            grabs.append({required.reference, required.key, *mask, required.numLock,
+                          required.modifiers | choice});
+    return grabs;
+}
+
+void X11HotKeyCenter::noteMissed(const QList<X11KeyGrabs::Failure>& failures, quint32 id) {
+    for (const auto& [grab, status] : failures) {
+        const quint32 combination = quint32(grab.key) << 16 | grab.mask;
+        if (m_missed.contains(combination))
+            continue;
+        m_missed.insert(combination);
+        logDetail(u"[Quorvel HotKey] id=%1 goes without modifiers=0x%2 status=%3"_qs.arg(id)
+                      .arg(grab.modifiers.toInt(), 0, 16)
+                      .arg(status));
+    }
 }
 
 void X11HotKeyCenter::unregisterHotKey(HotKeyReference reference) {
-    const auto hotKey = m_hotKeys.constFind(reference);
-    if (hotKey == m_hotKeys.cend())
-        return;
-    ungrab(*hotKey);
-    roundTrip();
-    m_hotKeys.erase(hotKey);
-}
-
-int X11HotKeyCenter::grab(const HotKey& hotKey) {
-    QList<xcb_void_cookie_t> cookies;
-    for (const quint16 locks : lockVariants(hotKey.numLock))
-        cookies.append(xcb_grab_key_checked(m_connection, 0, m_root, hotKey.modifiers | locks,
-                                            hotKey.key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-    int status = 0;
-    for (const xcb_void_cookie_t cookie : cookies) {
-        const XcbOwned<xcb_generic_error_t> error(xcb_request_check(m_connection, cookie));
-        if (error && status == 0)
-            status = error->error_code;
-    }
-    if (status != 0) {
-        ungrab(hotKey);
-        roundTrip();
-    }
-    return status;
-}
-
-void X11HotKeyCenter::ungrab(const HotKey& hotKey) {
-    for (const quint16 locks : lockVariants(hotKey.numLock))
-        xcb_ungrab_key(m_connection, hotKey.key, m_root, hotKey.modifiers | locks);
-}
-
-HotKeyReference X11HotKeyCenter::find(xcb_keycode_t key, quint16 modifiers) const {
-    for (auto hotKey = m_hotKeys.cbegin(); hotKey != m_hotKeys.cend(); ++hotKey)
-        if (hotKey->isFor(key, modifiers))
-            return hotKey.key();
-    return 0;
+    m_grabs.remove(reference);
+    m_ids.remove(reference);
 }
 
 std::optional<xcb_keycode_t> X11HotKeyCenter::heldKey() const {
@@ -121,27 +122,16 @@ std::optional<xcb_keycode_t> X11HotKeyCenter::heldKey() const {
 }
 
 void X11HotKeyCenter::standAside(xcb_keycode_t key, quint16 modifiers) {
-    for (const HotKey& hotKey : qAsConst(m_hotKeys))
-        if (hotKey.isFor(key, modifiers)) {
-            ungrab(hotKey);
-            m_aside.append(hotKey);
-        }
-    roundTrip();
+    m_grabs.standAside(key, modifiers);
 }
 
 void X11HotKeyCenter::standBack() {
     // Whoever posted keys has released it, and the server tells us only later.
     if (m_held)
         m_forced = std::exchange(m_held, std::nullopt);
-    for (const HotKey& hotKey : qAsConst(m_aside))
-        if (const int status = grab(hotKey); status != 0)
-            logLine(u"[Quorvel HotKey] lost id=%1 status=%2"_qs.arg(hotKey.id).arg(status));
-    m_aside.clear();
-}
-
-void X11HotKeyCenter::roundTrip() {
-    const XcbOwned<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    for (const auto& [grab, status] : m_grabs.standBack())
+        logLine(u"[Quorvel HotKey] lost id=%1 status=%2"_qs.arg(m_ids.value(grab.reference))
+                    .arg(status));
 }
 
 bool X11HotKeyCenter::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
@@ -162,16 +152,15 @@ bool X11HotKeyCenter::handlePress(const xcb_key_press_event_t& event) {
     if (event.event != m_root || !m_tables)
         return false;
     const quint16 locks = m_tables->capsLockMask() | m_tables->numLockMask();
-    const HotKeyReference reference =
-        find(event.detail, quint16(event.state & modifierBits & ~locks));
-    if (reference == 0)
+    const auto* grab = m_grabs.find(event.detail, quint16(event.state & modifierBits & ~locks));
+    if (!grab)
         return false;
     const bool repetition = isRepetition(event);
     m_held = {event.detail, event.time};
     if (repetition && m_forced)
         m_forced->time = event.time;
     if (!repetition)
-        answer(reference);
+        answer(*grab);
     return true;
 }
 
@@ -191,11 +180,11 @@ bool X11HotKeyCenter::isRepetition(const xcb_key_press_event_t& event) const {
            within(m_forced, quickestFingers);
 }
 
-void X11HotKeyCenter::answer(HotKeyReference reference) {
+void X11HotKeyCenter::answer(const X11KeyGrabs::Grab& grab) {
     // From the loop: who answers may open a menu, and an event filter must not wait for that.
-    const auto emitPressed = [this, reference] {
-        if (m_hotKeys.contains(reference))
-            emit pressed(m_hotKeys.value(reference).id);
+    const auto emitPressed = [this, reference = grab.reference, modifiers = grab.modifiers] {
+        if (m_ids.contains(reference))
+            emit pressed(m_ids.value(reference), modifiers);
     };
     QMetaObject::invokeMethod(this, emitPressed, Qt::QueuedConnection);
 }

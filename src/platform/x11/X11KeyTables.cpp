@@ -2,6 +2,8 @@
 
 #include "platform/x11/XcbReply.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -45,6 +47,54 @@ bool isKeypad(xkb_keysym_t symbol) {
     return symbol >= XKB_KEY_KP_Space && symbol <= XKB_KEY_KP_Equal;
 }
 
+/// What the key gives without modifiers in one group; 0 for nothing that can be shown.
+char16_t plainCharacter(xkb_keymap* keymap, xkb_keycode_t key, xkb_layout_index_t group) {
+    const xkb_keysym_t* symbols = nullptr;
+    const int count = xkb_keymap_key_get_syms_by_level(keymap, key, group, 0, &symbols);
+    const char32_t character = count == 1 ? xkb_keysym_to_utf32(symbols[0]) : 0;
+    const bool isOne = character <= 0xffff && QChar(char16_t(character)).isPrint();
+    return isOne && !isKeypad(symbols[0]) ? QChar(char16_t(character)).toLower().unicode() : 0;
+}
+
+/// A few Latin layouts lack some letters; the others lack all.
+bool hasLatinLetters(xkb_keymap* keymap, xkb_layout_index_t group) {
+    constexpr int enough = 20;
+    QSet<char16_t> letters;
+    for (auto key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap); ++key)
+        if (const char16_t c = plainCharacter(keymap, key, group); c >= u'a' && c <= u'z')
+            letters.insert(c);
+    return letters.size() >= enough;
+}
+
+struct Groups {
+    QList<xkb_layout_index_t> latin; ///< The active one first, if it is one of them.
+    QList<xkb_layout_index_t> others;
+};
+
+Groups groupsForNames(xkb_keymap* keymap, xkb_layout_index_t active) {
+    QList<xkb_layout_index_t> all{active};
+    for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(keymap); ++group)
+        if (group != active)
+            all.append(group);
+    Groups groups;
+    for (const xkb_layout_index_t group : std::as_const(all))
+        (hasLatinLetters(keymap, group) ? groups.latin : groups.others).append(group);
+    return groups;
+}
+
+struct UsRow {
+    xcb_keycode_t first;
+    QStringView keys;
+};
+
+constexpr UsRow usRows[] = {
+    {10, u"1234567890-="},
+    {24, u"qwertyuiop[]"},
+    {38, u"asdfghjkl;'`"},
+    {51, u"\\zxcvbnm,./"},
+    {65, u" "},
+};
+
 constexpr quint16 bit(int index) {
     return quint16(1u << index);
 }
@@ -83,6 +133,7 @@ X11KeyTables::X11KeyTables(xkb_keymap* keymap, xkb_layout_index_t group,
         for (xkb_layout_index_t other = 0; other < groups; ++other)
             addGroup(keymap, other, first, end);
     }
+    addPlainCharacters(keymap);
     const std::pair<Modifier, int> indices[] = {
         {Modifier::shift, XCB_MAP_INDEX_SHIFT},
         {Modifier::control, XCB_MAP_INDEX_CONTROL},
@@ -121,6 +172,22 @@ void X11KeyTables::addSymbol(xkb_keysym_t symbol, xcb_keycode_t key) {
         m_characters.insert(character, key);
 }
 
+void X11KeyTables::addPlainCharacters(xkb_keymap* keymap) {
+    const auto [latin, others] = groupsForNames(keymap, m_group);
+    for (auto key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap); ++key) {
+        QList<QChar>& characters = m_plainCharacters[key];
+        const auto add = [&](const QList<xkb_layout_index_t>& groups) {
+            for (const xkb_layout_index_t group : groups)
+                if (const char16_t character = plainCharacter(keymap, key, group); character != 0)
+                    characters.append(character);
+        };
+        add(latin);
+        if (const auto usual = usCharacterOf(key))
+            characters.append(*usual);
+        add(others);
+    }
+}
+
 bool X11KeyTables::gives(xkb_keymap* keymap, xcb_keycode_t key, xkb_keysym_t symbol) {
     for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts_for_key(keymap, key); ++group)
         for (xkb_level_index_t level = 0; level < mostLevels; ++level) {
@@ -149,6 +216,10 @@ std::optional<xcb_keycode_t> X11KeyTables::keyFor(QChar character) const {
             return *key;
     }
     return std::nullopt;
+}
+
+QList<QChar> X11KeyTables::plainCharacters(xkb_keycode_t key) const {
+    return m_plainCharacters.value(key);
 }
 
 std::optional<xcb_keycode_t> X11KeyTables::keyForSymbol(xkb_keysym_t symbol) const {
@@ -195,20 +266,16 @@ bool X11KeyTables::hasSamePositions(const X11KeyTables& other) const {
 }
 
 std::optional<xcb_keycode_t> usKeyFor(QChar character) {
-    struct Row {
-        xcb_keycode_t first;
-        QStringView keys;
-    };
-    static constexpr Row rows[] = {
-        {10, u"1234567890-="},
-        {24, u"qwertyuiop[]"},
-        {38, u"asdfghjkl;'`"},
-        {51, u"\\zxcvbnm,./"},
-        {65, u" "},
-    };
-    for (const Row& row : rows)
+    for (const UsRow& row : usRows)
         if (const qsizetype place = row.keys.indexOf(character.toLower()); place >= 0)
             return xcb_keycode_t(row.first + place);
+    return std::nullopt;
+}
+
+std::optional<QChar> usCharacterOf(xkb_keycode_t key) {
+    for (const UsRow& row : usRows)
+        if (key >= row.first && key < row.first + xkb_keycode_t(row.keys.size()))
+            return row.keys.at(qsizetype(key) - row.first);
     return std::nullopt;
 }
 

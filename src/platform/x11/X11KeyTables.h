@@ -30,6 +30,11 @@ public:
     std::optional<xcb_keycode_t> keyFor(QChar character) const;
     std::optional<xcb_keycode_t> keyForSymbol(xkb_keysym_t symbol) const;
 
+    /// What the key gives without modifiers, lower-case, and best for naming it first: in the
+    /// active group if that has Latin letters, in the other groups that have, on a US keyboard,
+    /// and last in the other groups.
+    QList<QChar> plainCharacters(xkb_keycode_t key) const;
+
     /// The server's modifier bits; absent when the keyboard has no key for one of them.
     std::optional<quint16> maskFor(Modifiers modifiers) const;
 
@@ -52,6 +57,7 @@ private:
     void addGroup(xkb_keymap* keymap, xkb_layout_index_t group, xkb_level_index_t firstLevel,
                   xkb_level_index_t endLevel);
     void addSymbol(xkb_keysym_t symbol, xcb_keycode_t key);
+    void addPlainCharacters(xkb_keymap* keymap);
     int modifierIndex(xkb_keymap* keymap, std::initializer_list<xkb_keysym_t> symbols) const;
     static bool gives(xkb_keymap* keymap, xcb_keycode_t key, xkb_keysym_t symbol);
 
@@ -59,6 +65,7 @@ private:
     ModifierKeys m_modifierKeys;
     QHash<char32_t, xcb_keycode_t> m_characters;
     QHash<xkb_keysym_t, xcb_keycode_t> m_symbols;
+    QHash<xkb_keycode_t, QList<QChar>> m_plainCharacters;
     QHash<quint32, int> m_modifierIndices; ///< Of our modifiers that the keyboard has.
     quint16 m_numLockMask = 0;
     quint16 m_lockMask = 0; ///< Every modifier that stays on after its key is released.
@@ -66,5 +73,8 @@ private:
 
 /// The key of a character on a US keyboard, for layouts that do not have it.
 std::optional<xcb_keycode_t> usKeyFor(QChar character);
+
+/// The opposite: what the key gives on a US keyboard, as far as it is a letter, digit or sign.
+std::optional<QChar> usCharacterOf(xkb_keycode_t key);
 
 } // namespace quorvel
