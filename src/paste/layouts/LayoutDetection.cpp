@@ -1,0 +1,75 @@
+#include "paste/layouts/LayoutDetection.h"
+
+namespace quorvel {
+
+namespace {
+
+/// In bits. A letter that was not typed is rare; signs such as quotation marks are put in by
+/// programs while one types.
+constexpr double pastedLetterCost = 16;
+constexpr double pastedSignCost = 5;
+
+/// Most texts are right as they are, and the active layout is hardly more often the one in which a
+/// text was typed than another: those who notice switch.
+constexpr double mistakeCost = 2;
+constexpr double inactiveCost = 1;
+
+struct Coverage {
+    bool hasKeys = false; ///< For anything but blanks.
+    double cost = 0;
+};
+
+Coverage coverage(const QList<TypedCharacter>& characters) {
+    Coverage coverage;
+    for (const auto& [character, strokes] : characters) {
+        const QChar first = character.at(0);
+        if (first.isSpace())
+            continue;
+        coverage.hasKeys |= !strokes.isEmpty();
+        if (strokes.isEmpty())
+            coverage.cost += first.isLetter() ? pastedLetterCost : pastedSignCost;
+    }
+    return coverage;
+}
+
+QStringView sample(const QString& text) {
+    const QStringView beginning = QStringView(text).left(LayoutDetection::sampleUnits);
+    const bool splitsPair = beginning.size() < text.size() && beginning.back().isHighSurrogate();
+    return splitsPair ? beginning.chopped(1) : beginning;
+}
+
+} // namespace
+
+LayoutDetection::LayoutDetection(const QList<KeyboardLayoutMap>& maps, const QString& activeID)
+    : m_maps(maps)
+    , m_activeID(activeID) {
+    for (const KeyboardLayoutMap& map : maps)
+        m_languages.append(LayoutLanguage(map));
+}
+
+std::optional<DetectedLayout> LayoutDetection::detect(const QString& text) const {
+    std::optional<DetectedLayout> best;
+    double leastCost = 0;
+    for (qsizetype source = 0; source < m_maps.size(); ++source) {
+        const auto characters = typed(sample(text), m_maps.at(source));
+        const auto [hasKeys, pasted] = coverage(characters);
+        if (!hasKeys)
+            continue;
+        DetectedLayout detected{.source = source};
+        for (qsizetype target = 0; target < m_maps.size(); ++target)
+            detected.targetCosts.append(
+                m_languages.at(target).cost(retyped(characters, m_maps.at(target))));
+        detected.ownCost = detected.targetCosts.at(source);
+        double cost = detected.ownCost;
+        for (const double targetCost : detected.targetCosts)
+            cost = std::min(cost, targetCost + mistakeCost);
+        cost += pasted + (m_maps.at(source).id == m_activeID ? 0 : inactiveCost);
+        if (!best || cost < leastCost) {
+            best = detected;
+            leastCost = cost;
+        }
+    }
+    return best;
+}
+
+} // namespace quorvel
