@@ -6,7 +6,8 @@ import {dirname, join} from 'node:path';
 import {fileURLToPath} from 'node:url';
 
 const [packageFolder] = process.argv.slice(2);
-const target = join(dirname(fileURLToPath(import.meta.url)), '../resources/letters/pairs.txt');
+const folder = join(dirname(fileURLToPath(import.meta.url)), '../resources/letters');
+const target = join(folder, 'pairs.txt');
 
 /// Language, name of the declaration, and letters that it happens to lack.
 const languages = [
@@ -21,16 +22,26 @@ const languages = [
 const edge = ' ';
 /// A letter with this few occurrences belongs to a foreign word.
 const fewest = 3;
-const strangers = 'ºʼ';
+const strangers = 'º';
 /// How much the frequency of a letter alone counts beside the pairs that were seen.
 const smoothing = 4;
 const highestCost = 78;
+/// How often our own words count.
+const ownWeight = 4;
 
-function lettersOf(code) {
+const ownWords = new Map(readFileSync(join(folder, 'own-words.txt'), 'utf8').split('\n')
+    .filter(line => line !== '' && !line.startsWith('#'))
+    .map(line => [line.slice(0, line.indexOf(' ')), line.slice(line.indexOf(' '))]));
+
+const lettersOf = text =>
+    text.normalize('NFC').replace(/[\u0591-\u05C7\u064B-\u0652\u0640\u00AD\u200B-\u200F]/g, '')
+        .toLowerCase().replace(/\u0307/g, '').replace(/[’ʼ]/g, "'")
+        // Within a word an apostrophe is a letter like others.
+        .replace(/(?<!\p{L})'|'(?!\p{L})/gu, edge).replace(/[^\p{L}']+/gu, edge).trim();
+
+function declaration(code) {
     const html = readFileSync(join(packageFolder, `declaration/${code}.html`), 'utf8');
-    const body = html.slice(html.indexOf('<body>')).replace(/<[^>]*>/g, ' ');
-    return body.normalize('NFC').replace(/[\u0591-\u05C7\u064B-\u0652\u0640\u00AD\u200B-\u200F]/g, '')
-        .toLowerCase().replace(/\u0307/g, '').replace(/[^\p{L}]+/gu, edge).trim();
+    return html.slice(html.indexOf('<body>')).replace(/<[^>]*>/g, ' ');
 }
 
 const counter = () => {
@@ -47,7 +58,8 @@ const costSign = probability =>
     String.fromCharCode(48 + Math.min(highestCost, Math.round(-4 * Math.log2(probability))));
 
 function table(language, code, extra = '') {
-    const text = edge + lettersOf(code) + edge;
+    const own = (ownWords.get(language) ?? '').repeat(ownWeight);
+    const text = edge + lettersOf(declaration(code) + own) + edge;
     const single = counter();
     const pairs = counter();
     const before = counter();

@@ -35,8 +35,9 @@ struct KeyboardLayoutMap {
     /// The combining marks of the dead keys.
     QHash<KeyboardLayoutStroke, QString> strokeToMark;
 
-    /// To be called in the order in which people would look for a character: plain keys before
-    /// shifted ones, the main keys first. When several strokes give it, the first one counts.
+    /// To be called in the order in which people would look for a character: the keys that every
+    /// keyboard has before others, plain ones before shifted ones. When several strokes give it,
+    /// the first one counts.
     void record(const KeyboardLayoutStroke& stroke, const QString& character);
 
     /// To be called after all `record`: a key that gives the mark alone by itself is preferred.

@@ -14,18 +14,18 @@ struct Country {
 
 /// Layouts that are called like their language are not listed.
 constexpr std::array countries{
-    Country{u"us", u"en"},       Country{u"gb", u"en"},       Country{u"au", u"en"},
-    Country{u"nz", u"en"},       Country{u"za", u"en"},       Country{u"ie", u"en"},
-    Country{u"at", u"de"},       Country{u"ch", u"de fr it"}, Country{u"be", u"fr nl"},
-    Country{u"ca", u"fr en"},    Country{u"latam", u"es"},    Country{u"br", u"pt"},
-    Country{u"cz", u"cs"},       Country{u"si", u"sl"},       Country{u"hr", u"sr-Latn"},
-    Country{u"ba", u"sr-Latn"},  Country{u"me", u"sr-Latn"},  Country{u"rs", u"sr sr-Latn"},
-    Country{u"se", u"sv"},       Country{u"dk", u"da"},       Country{u"no", u"nb"},
-    Country{u"fi", u"fi sv"},    Country{u"ua", u"uk"},       Country{u"by", u"be"},
-    Country{u"md", u"ro"},       Country{u"gr", u"el"},       Country{u"il", u"he"},
-    Country{u"ara", u"ar"},      Country{u"iq", u"ar"},       Country{u"sy", u"ar"},
-    Country{u"ma", u"ar fr"},    Country{u"dz", u"ar fr"},    Country{u"eg", u"ar"},
-    Country{u"ir", u"fa"},       Country{u"af", u"fa"},       Country{u"am", u"hy"},
+    Country{u"us", u"en"},      Country{u"gb", u"en"},       Country{u"au", u"en"},
+    Country{u"nz", u"en"},      Country{u"za", u"en"},       Country{u"ie", u"en"},
+    Country{u"at", u"de"},      Country{u"ch", u"de fr it"}, Country{u"be", u"fr nl"},
+    Country{u"ca", u"fr en"},   Country{u"latam", u"es"},    Country{u"br", u"pt"},
+    Country{u"cz", u"cs"},      Country{u"si", u"sl"},       Country{u"hr", u"sr-Latn"},
+    Country{u"ba", u"sr-Latn"}, Country{u"me", u"sr-Latn"},  Country{u"rs", u"sr sr-Latn"},
+    Country{u"se", u"sv"},      Country{u"dk", u"da"},       Country{u"no", u"nb"},
+    Country{u"fi", u"fi sv"},   Country{u"ua", u"uk"},       Country{u"by", u"be"},
+    Country{u"md", u"ro"},      Country{u"gr", u"el"},       Country{u"il", u"he"},
+    Country{u"ara", u"ar"},     Country{u"iq", u"ar"},       Country{u"sy", u"ar"},
+    Country{u"ma", u"ar fr"},   Country{u"dz", u"ar fr"},    Country{u"eg", u"ar"},
+    Country{u"ir", u"fa"},      Country{u"af", u"fa"},       Country{u"am", u"hy"},
     Country{u"ge", u"ka"},
 };
 

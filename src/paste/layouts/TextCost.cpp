@@ -20,18 +20,18 @@ struct Mark {
 /// By where they stand: before a word, within one, behind one. The figures are rounded guesses of
 /// what is usual in prose of all languages; they only have to tell ";" from ",".
 constexpr std::array marks{
-    Mark{u'(', Kind::opener, 1.5},      Mark{u'"', Kind::opener, 1.5},
-    Mark{u'\u00AB', Kind::opener, 3},   Mark{u'\u201C', Kind::opener, 3},
-    Mark{u'\u201E', Kind::opener, 3},   Mark{u'\u00BF', Kind::opener, 4},
-    Mark{u'\u00A1', Kind::opener, 5},   Mark{u'\'', Kind::joiner, 1.5},
-    Mark{u'\u2019', Kind::joiner, 2},   Mark{u'-', Kind::joiner, 1.5},
-    Mark{u'/', Kind::joiner, 4},        Mark{u'@', Kind::joiner, 5},
-    Mark{u'_', Kind::joiner, 5},        Mark{u'.', Kind::closer, 1.5},
-    Mark{u',', Kind::closer, 1.5},      Mark{u'!', Kind::closer, 3.5},
-    Mark{u'?', Kind::closer, 3.5},      Mark{u':', Kind::closer, 4},
-    Mark{u';', Kind::closer, 5.5},      Mark{u')', Kind::closer, 4},
-    Mark{u'\u00BB', Kind::closer, 5},   Mark{u'\u201D', Kind::closer, 5},
-    Mark{u'\u2026', Kind::closer, 5},   Mark{u'%', Kind::closer, 6},
+    Mark{u'(', Kind::opener, 1.5},    Mark{u'"', Kind::opener, 1.5},
+    Mark{u'\u00AB', Kind::opener, 3}, Mark{u'\u201C', Kind::opener, 3},
+    Mark{u'\u201E', Kind::opener, 3}, Mark{u'\u00BF', Kind::opener, 4},
+    Mark{u'\u00A1', Kind::opener, 5}, Mark{u'\'', Kind::joiner, 1.5},
+    Mark{u'\u2019', Kind::joiner, 2}, Mark{u'-', Kind::joiner, 1.5},
+    Mark{u'/', Kind::joiner, 4},      Mark{u'@', Kind::joiner, 5},
+    Mark{u'_', Kind::joiner, 7},      Mark{u'.', Kind::closer, 1.5},
+    Mark{u',', Kind::closer, 1.5},    Mark{u'!', Kind::closer, 3},
+    Mark{u'?', Kind::closer, 3},      Mark{u':', Kind::closer, 4},
+    Mark{u';', Kind::closer, 5.5},    Mark{u')', Kind::closer, 4},
+    Mark{u'\u00BB', Kind::closer, 5}, Mark{u'\u201D', Kind::closer, 5},
+    Mark{u'\u2026', Kind::closer, 5}, Mark{u'%', Kind::closer, 6},
 };
 
 constexpr double digitCost = 3.3;
@@ -42,7 +42,7 @@ constexpr double otherCost = 5;
 constexpr std::array<std::array<double, kindCount>, kindCount> followCosts{{
     // letter space opener joiner closer digit other
     {0.0, 0.4, 7.0, 4.0, 2.5, 7.0, 7.0}, // behind a letter
-    {0.2, 5.0, 4.5, 6.0, 7.0, 5.0, 6.0}, // behind a blank
+    {0.2, 5.0, 4.5, 6.0, 5.0, 5.0, 6.0}, // behind a blank
     {0.5, 4.0, 5.0, 5.0, 4.0, 4.0, 5.0}, // behind an opener
     {0.7, 3.0, 5.0, 4.0, 5.0, 3.5, 5.0}, // behind a joiner
     {6.0, 0.2, 5.0, 5.0, 4.0, 5.0, 6.0}, // behind a closer
@@ -51,7 +51,7 @@ constexpr std::array<std::array<double, kindCount>, kindCount> followCosts{{
 }};
 
 /// A letter that the language has not, but for the marks on it, and one that it has in no form.
-constexpr double foreignMarkCost = 4;
+constexpr double foreignMarkCost = 9;
 constexpr double strangerCost = 13;
 
 /// Of a capital within a word, as Shift gives where the other layout had a sign.
@@ -61,6 +61,13 @@ struct Spelled {
     Kind kind;
     double cost = 0; ///< Among its kind; of a letter: for what is unusual about it.
 };
+
+/// A letter like others where a language has such words, and where it has none out of place.
+bool isInnerApostrophe(QStringView text, qsizetype place) {
+    const bool isApostrophe = text[place] == u'\'' || text[place] == u'\u2019';
+    return isApostrophe && place > 0 && text[place - 1].isLetter() && place + 1 < text.size() &&
+           text[place + 1].isLetter();
+}
 
 Spelled nonLetter(QChar c) {
     if (c.isSpace())
@@ -82,17 +89,17 @@ public:
         : m_alphabet(alphabet) {}
 
     double read(QStringView text) {
-        for (const QChar c : text)
-            if (c.isLetter())
-                readLetter(c);
-            else if (!c.isMark())
-                readOther(c);
+        for (qsizetype i = 0; i < text.size(); ++i)
+            if (text[i].isLetter() || isInnerApostrophe(text, i))
+                readLetter(text[i]);
+            else if (!text[i].isMark())
+                readOther(text[i]);
         return m_cost + (m_kind == Kind::letter ? m_alphabet.cost(m_symbol, LetterPairs::edge) : 0);
     }
 
 private:
     void readLetter(QChar c) {
-        const auto [symbol, oddity] = m_alphabet.letter(c.toLower());
+        const auto [symbol, oddity] = m_alphabet.letter(c == u'\u2019' ? u'\'' : c.toLower());
         m_cost += oddity + follow(Kind::letter) + m_alphabet.cost(m_symbol, symbol);
         if (c.isUpper() && m_wasLower)
             m_cost += innerCapitalCost;
@@ -131,8 +138,8 @@ struct KnownAlphabet {
     Letter letter(QChar lower) const {
         if (const auto symbol = pairs.symbol(lower))
             return {*symbol, 0};
-        const auto plain = pairs.symbol(lower.decomposition().isEmpty() ? lower
-                                                                        : lower.decomposition()[0]);
+        const auto plain =
+            pairs.symbol(lower.decomposition().isEmpty() ? lower : lower.decomposition()[0]);
         return plain ? Letter{*plain, foreignMarkCost} : Letter{LetterPairs::edge, strangerCost};
     }
     double cost(LetterPairs::Symbol before, LetterPairs::Symbol after) const {

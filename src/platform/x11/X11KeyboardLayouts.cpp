@@ -44,17 +44,16 @@ X11KeyboardLayouts::X11KeyboardLayouts(X11Connection& connection)
 
 void X11KeyboardLayouts::watchKeyboard() {
     xcb_connection_t* xcb = m_connection.xcb();
-    if (xkb_x11_setup_xkb_extension(xcb, XKB_X11_MIN_MAJOR_XKB_VERSION,
-                                    XKB_X11_MIN_MINOR_XKB_VERSION,
-                                    XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr,
-                                    &m_xkbEvent, nullptr) == 0)
+    if (xkb_x11_setup_xkb_extension(
+            xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+            XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent, nullptr) == 0)
         return;
     constexpr quint16 events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY |
                                XCB_XKB_EVENT_TYPE_MAP_NOTIFY | XCB_XKB_EVENT_TYPE_NAMES_NOTIFY;
     xcb_xkb_select_events(xcb, XCB_XKB_ID_USE_CORE_KBD, events, 0, events, 0xff, 0xff, nullptr);
     // The identifiers change later than the keys. Whoever shares the connection keeps its events.
-    const auto attributes = m_connection.reply(
-        xcb_get_window_attributes_reply, xcb_get_window_attributes(xcb, m_connection.root()));
+    const auto attributes = m_connection.reply(xcb_get_window_attributes_reply,
+                                               xcb_get_window_attributes(xcb, m_connection.root()));
     const quint32 mask =
         (attributes ? attributes->your_event_mask : 0) | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(xcb, m_connection.root(), XCB_CW_EVENT_MASK, &mask);
@@ -114,9 +113,8 @@ QString X11KeyboardLayouts::activeID() {
     maps();
     if (m_groupIDs.isEmpty())
         return {};
-    const auto state =
-        m_connection.reply(xcb_xkb_get_state_reply,
-                           xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD));
+    const auto state = m_connection.reply(
+        xcb_xkb_get_state_reply, xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD));
     return state ? m_groupIDs.value(state->group) : QString();
 }
 

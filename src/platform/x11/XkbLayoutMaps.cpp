@@ -46,26 +46,35 @@ const DeadKey* deadKey(xkb_keysym_t symbol) {
     return nullptr;
 }
 
-/// A key on which one types, by its name in the keymap: a letter and two digits for its row and
-/// column, or one of those around them. The number pad and keys of single functions, which may
-/// give brackets and the like as well, are none.
-bool isTypingKey(xkb_keymap* keymap, xkb_keycode_t key) {
+enum class KeyPlace {
+    main,      ///< On every keyboard.
+    extra,     ///< Only on those of some countries, where other layouts repeat a sign.
+    elsewhere, ///< The number pad, and keys of single functions that may give brackets as well.
+};
+
+/// By the name of the key in the keymap: a letter and two digits for its row and column, or a name
+/// of its own.
+KeyPlace placeOf(xkb_keymap* keymap, xkb_keycode_t key) {
     const char* given = xkb_keymap_key_get_name(keymap, key);
     const QLatin1StringView name(given ? given : "");
+    static constexpr std::array extras{QLatin1StringView("LSGT"), QLatin1StringView("AB11"),
+                                       QLatin1StringView("AE13")};
+    static constexpr std::array mains{QLatin1StringView("TLDE"), QLatin1StringView("BKSL"),
+                                      QLatin1StringView("SPCE")};
+    if (std::find(extras.begin(), extras.end(), name) != extras.end())
+        return KeyPlace::extra;
     const auto isDigit = [&](int place) {
         return name[place] >= QLatin1Char('0') && name[place] <= QLatin1Char('9');
     };
     const bool hasPlace = name.size() == 4 && name[0] == QLatin1Char('A') && isDigit(2) &&
                           isDigit(3) && name[1] >= QLatin1Char('A') && name[1] <= QLatin1Char('E');
-    static constexpr std::array others{
-        QLatin1StringView("TLDE"), QLatin1StringView("BKSL"), QLatin1StringView("LSGT"),
-        QLatin1StringView("SPCE")};
-    return hasPlace || std::find(others.begin(), others.end(), name) != others.end();
+    const bool isMain = hasPlace || std::find(mains.begin(), mains.end(), name) != mains.end();
+    return isMain ? KeyPlace::main : KeyPlace::elsewhere;
 }
 
 struct KeyOutput {
     KeyboardLayoutStroke stroke;
-    QString text;                ///< Empty for a dead key.
+    QString text; ///< Empty for a dead key.
     const DeadKey* dead = nullptr;
 };
 
@@ -75,25 +84,31 @@ QString textOf(xkb_state* state, xkb_keycode_t key) {
     return size > 0 && size < int(bytes.size()) ? QString::fromUtf8(bytes.data(), size) : QString();
 }
 
-/// What all strokes give, plain ones first.
+/// What the keys at a place give, with these modifiers.
+void addOutputs(QList<KeyOutput>& list, xkb_state* state, KeyPlace place, quint32 modifiers) {
+    xkb_keymap* keymap = xkb_state_get_keymap(state);
+    for (auto key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap); ++key) {
+        if (placeOf(keymap, key) != place)
+            continue;
+        const KeyOutput output{{quint16(key), modifiers},
+                               textOf(state, key),
+                               deadKey(xkb_state_key_get_one_sym(state, key))};
+        if (output.dead || !output.text.isEmpty())
+            list.append(output);
+    }
+}
+
+/// What all strokes give: the main keys plain, then with Shift, then the others.
 QList<KeyOutput> outputs(xkb_keymap* keymap, xkb_layout_index_t group) {
     QList<KeyOutput> list;
     const std::unique_ptr<xkb_state, Unref> state(xkb_state_new(keymap));
     const auto shift = xkb_keymap_mod_get_index(keymap, XKB_MOD_NAME_SHIFT);
-    for (const quint32 modifiers : {0u, shiftKeyState}) {
-        const bool isShifted = modifiers != 0 && shift != XKB_MOD_INVALID;
-        xkb_state_update_mask(state.get(), isShifted ? 1u << shift : 0, 0, 0, 0, 0, group);
-        for (auto key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap);
-             ++key) {
-            if (!isTypingKey(keymap, key))
-                continue;
-            const KeyOutput output{{quint16(key), modifiers},
-                                   textOf(state.get(), key),
-                                   deadKey(xkb_state_key_get_one_sym(state.get(), key))};
-            if (output.dead || !output.text.isEmpty())
-                list.append(output);
+    for (const KeyPlace place : {KeyPlace::main, KeyPlace::extra})
+        for (const quint32 modifiers : {0u, shiftKeyState}) {
+            const bool isShifted = modifiers != 0 && shift != XKB_MOD_INVALID;
+            xkb_state_update_mask(state.get(), isShifted ? 1u << shift : 0, 0, 0, 0, 0, group);
+            addOutputs(list, state.get(), place, modifiers);
         }
-    }
     return list;
 }
 
@@ -134,8 +149,8 @@ QList<KeyboardLayoutMap> keyboardLayoutMaps(xkb_keymap* keymap, const QStringLis
     QList<KeyboardLayoutMap> maps;
     for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(keymap); ++group) {
         const QString id = layoutID(keymap, ids, group);
-        const bool isKnown = std::any_of(maps.begin(), maps.end(),
-                                         [&](const KeyboardLayoutMap& map) { return map.id == id; });
+        const bool isKnown = std::any_of(
+            maps.begin(), maps.end(), [&](const KeyboardLayoutMap& map) { return map.id == id; });
         KeyboardLayoutMap map = mapOf(keymap, group, id);
         if (!id.isEmpty() && !isKnown && !map.charToStroke.isEmpty())
             maps.append(std::move(map));
