@@ -61,9 +61,8 @@ struct Tally {
     void count(const QString& wrong, const KeyboardLayoutReading& reading, const Mistake& mistake,
                const QString& phrase) {
         const bool isSource = reading.sourceLayoutID == mistake.active;
-        const bool isFirst = !reading.variants.isEmpty() &&
-                             reading.variants.first().value == phrase &&
-                             reading.variants.first().likelihood == VariantLikelihood::likely;
+        const bool isFirst =
+            !reading.variants.isEmpty() && reading.variants.first().value == phrase;
         ++asked;
         sources += isSource ? 1 : 0;
         firsts += isSource && isFirst ? 1 : 0;
@@ -112,7 +111,35 @@ TEST(LayoutDetection, KnowsPhrasesThatItWasNotMadeFor) {
     for (const Mistake& mistake : mistakes)
         ask(tally, mistake, phrasesOf(mistake.phrases).unseen);
     EXPECT_GT(tally.asked, 300);
-    expectRates(tally, 0.999, 0.999);
+    expectRates(tally, 0.99, 0.98);
+}
+
+/// Neither a source that is wrong nor a target that would be offered as what was meant.
+TEST(LayoutDetection, LeavesAloneWhatIsRight) {
+    for (const QString& configured :
+         {u"us,ru"_qs, u"us,ua,ru"_qs, u"us,ru,gr,il"_qs, u"us,de"_qs, u"us,fr"_qs, u"de,fr"_qs,
+          u"us,us(dvorak)"_qs, u"us,de,fr,us(dvorak)"_qs})
+        for (const Phrases& one : phrases) {
+            if (!configured.split(u',').contains(one.layout))
+                continue;
+            FakeKeyboardLayouts layouts(realLayouts(configured));
+            layouts.choose(one.layout.toString());
+            const KeyboardLayoutVariants variants(layouts);
+            const KeyboardLayoutMap own = realLayouts(one.layout.toString()).first();
+            for (const QStringView phrase : one.seen) {
+                const auto reading = variants.reading(phrase.toString());
+                const auto likely = std::find_if(
+                    reading.variants.begin(), reading.variants.end(), [](const auto& variant) {
+                        return variant.likelihood == VariantLikelihood::likely;
+                    });
+                const auto source = realLayouts(reading.sourceLayoutID).first();
+                // Layouts that are alike may stand for each other.
+                EXPECT_EQ(retyped(typed(phrase, source), own), phrase)
+                    << reading.sourceLayoutID.toStdString() << " of " << configured.toStdString();
+                EXPECT_EQ(likely, reading.variants.end())
+                    << phrase.toString().toStdString() << " in " << configured.toStdString();
+            }
+        }
 }
 
 } // namespace

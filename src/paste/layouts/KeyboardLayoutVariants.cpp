@@ -8,7 +8,7 @@ namespace {
 
 /// How much likelier than the text itself a variant has to be, in bits: what chance alone gives a
 /// short word.
-constexpr double advantage = 6;
+constexpr double advantage = 3;
 
 qsizetype bytesOf(const QString& text, const KeyboardLayoutReading& reading) {
     qsizetype units = text.size();
@@ -74,7 +74,7 @@ KeyboardLayoutReading KeyboardLayoutVariants::reading(const QString& text) const
 
 VariantLikelihood KeyboardLayoutVariants::likelihood(const DetectedLayout& detected,
                                                      qsizetype target) const {
-    if (detected.targetCosts.at(target) < detected.ownCost - advantage)
+    if (detected.targets.at(target).cost < detected.ownCost() - advantage)
         return VariantLikelihood::likely;
     const auto script = [this](qsizetype map) { return detection().language(map).script(); };
     return script(target) == script(detected.source) ? VariantLikelihood::unlikely
@@ -89,21 +89,22 @@ KeyboardLayoutReading KeyboardLayoutVariants::read(const QString& text) const {
     const KeyboardLayoutMap& source = maps.at(detected->source);
     const auto characters = typed(text, source);
     KeyboardLayoutReading reading{source.id, source.name, {}};
-    double leastCost = detected->ownCost - advantage;
-    qsizetype likeliest = 0;
+    std::optional<JudgedTarget> best;
+    qsizetype bestPlace = 0;
     for (qsizetype target = 0; target < maps.size(); ++target) {
         const QString value = retyped(characters, maps.at(target));
         if (target == detected->source || value.isEmpty() || value == text)
             continue;
-        if (detected->targetCosts.at(target) < leastCost) {
-            leastCost = detected->targetCosts.at(target);
-            likeliest = reading.variants.size();
+        const JudgedTarget& judged = detected->targets.at(target);
+        if (!best || judged.cost < best->cost) {
+            best = judged;
+            bestPlace = reading.variants.size();
         }
         reading.variants.append(
             {maps.at(target).id, maps.at(target).name, value, likelihood(*detected, target)});
     }
-    if (!reading.variants.isEmpty())
-        reading.variants.move(likeliest, 0);
+    if (best && (best->looksRight || best->cost < detected->ownCost()))
+        reading.variants.move(bestPlace, 0);
     return reading;
 }
 

@@ -26,7 +26,8 @@ struct KeyboardLayoutReading {
     QString sourceLayoutID; ///< Empty when no layout is known to be the text's.
     QString sourceLayoutName;
 
-    /// The likeliest one first when it is likely, then in the order of the configuration.
+    /// The likeliest one of those that look like language first, then in the order of the
+    /// configuration.
     QList<KeyboardLayoutPasteVariant> variants;
 };
 

@@ -12,7 +12,7 @@ constexpr double pastedSignCost = 5;
 /// Most texts are right as they are, and the active layout is hardly more often the one in which a
 /// text was typed than another: those who notice switch.
 constexpr double mistakeCost = 2;
-constexpr double inactiveCost = 1;
+constexpr double inactiveCost = 1.5;
 
 struct Coverage {
     bool hasKeys = false; ///< For anything but blanks.
@@ -55,14 +55,10 @@ std::optional<DetectedLayout> LayoutDetection::detect(const QString& text) const
         const auto [hasKeys, pasted] = coverage(characters);
         if (!hasKeys)
             continue;
-        DetectedLayout detected{.source = source};
-        for (qsizetype target = 0; target < m_maps.size(); ++target)
-            detected.targetCosts.append(
-                m_languages.at(target).cost(retyped(characters, m_maps.at(target))));
-        detected.ownCost = detected.targetCosts.at(source);
-        double cost = detected.ownCost;
-        for (const double targetCost : detected.targetCosts)
-            cost = std::min(cost, targetCost + mistakeCost);
+        const DetectedLayout detected{source, judged(characters)};
+        double cost = detected.ownCost();
+        for (const JudgedTarget& target : detected.targets)
+            cost = std::min(cost, target.cost + mistakeCost);
         cost += pasted + (m_maps.at(source).id == m_activeID ? 0 : inactiveCost);
         if (!best || cost < leastCost) {
             best = detected;
@@ -70,6 +66,16 @@ std::optional<DetectedLayout> LayoutDetection::detect(const QString& text) const
         }
     }
     return best;
+}
+
+QList<JudgedTarget> LayoutDetection::judged(const QList<TypedCharacter>& characters) const {
+    QList<JudgedTarget> targets;
+    for (qsizetype target = 0; target < m_maps.size(); ++target) {
+        const QString text = retyped(characters, m_maps.at(target));
+        const double cost = m_languages.at(target).cost(text);
+        targets.append({cost, m_languages.at(target).looksRight(text, cost)});
+    }
+    return targets;
 }
 
 } // namespace quorvel

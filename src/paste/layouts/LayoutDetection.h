@@ -7,14 +7,18 @@
 
 namespace quorvel {
 
+/// What the same keys give in a layout; of a long text its beginning.
+struct JudgedTarget {
+    double cost = 0;         ///< How unlikely it is in the layout's language, in bits.
+    bool looksRight = false; ///< Likelier than letters in any order.
+};
+
 /// What a text is when it was typed in one of the layouts.
 struct DetectedLayout {
-    qsizetype source = 0; ///< Place of the layout among the maps.
+    qsizetype source = 0;        ///< Place of the layout among the maps.
+    QList<JudgedTarget> targets; ///< For each of the maps; at the source's place the text itself.
 
-    /// How unlikely the text is in its own layout, then, for each of the maps, as what the same
-    /// keys give in that one; in bits, of the beginning of a long text.
-    double ownCost = 0;
-    QList<double> targetCosts;
+    double ownCost() const { return targets.at(source).cost; }
 };
 
 /// Finds out in which of the layouts a text was typed.
@@ -40,6 +44,8 @@ public:
     static constexpr qsizetype sampleUnits = 600;
 
 private:
+    QList<JudgedTarget> judged(const QList<TypedCharacter>& characters) const;
+
     QList<KeyboardLayoutMap> m_maps;
     QList<LayoutLanguage> m_languages;
     QString m_activeID;

@@ -68,6 +68,10 @@ LayoutLanguage::LayoutLanguage(const KeyboardLayoutMap& map)
         add(code);
 }
 
+bool LayoutLanguage::looksRight(QStringView text, double cost) const {
+    return cost < costInBits(text, m_unknown);
+}
+
 double LayoutLanguage::cost(QStringView text) const {
     if (m_languages.isEmpty())
         return costInBits(text, m_unknown);

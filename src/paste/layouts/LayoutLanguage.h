@@ -14,6 +14,9 @@ public:
     /// How unlikely the text is in the likeliest of the languages, in bits.
     double cost(QStringView text) const;
 
+    /// Whether a text of this cost is likelier than its letters in any order.
+    bool looksRight(QStringView text, double cost) const;
+
     /// Of most of its letters.
     QChar::Script script() const { return m_unknown.script; }
 
