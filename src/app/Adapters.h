@@ -6,6 +6,7 @@
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
+#include "platform/KeyboardLayouts.h"
 #include "platform/Pasteboard.h"
 #include "platform/TextServices.h"
 #include "platform/TrayIcon.h"
@@ -20,6 +21,7 @@ struct Adapters {
     Workspace& workspace;
     KeyPoster& keyPoster;
     HotKeyCenter& hotKeys;
+    KeyboardLayouts& keyboardLayouts;
     TrayIcon& statusItem;
     MenuRenderer& menu;
     TextEditor& textEditor;

@@ -41,6 +41,8 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_copyTools(m_adapters.pasteboard, m_watcher)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
     , m_searchTexts(m_preferences)
+    , m_layoutVariants(m_adapters.keyboardLayouts)
+    , m_layoutCycle(m_layoutVariants, m_preferences)
     , m_menu({.content = menuContent(),
               .history = m_history,
               .snippets = m_store,
@@ -170,7 +172,8 @@ MenuContent AppDelegate::menuContent() const {
             m_environment.strings,
             m_environment.clock,
             m_shownTexts,
-            m_searchTexts};
+            m_searchTexts,
+            m_layoutVariants};
 }
 
 void AppDelegate::wireMenu() {

@@ -13,6 +13,7 @@
 #include "menu/StatusMenuController.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
+#include "paste/layouts/LayoutCycle.h"
 #include "smart/SmartDetector.h"
 #include "smart/masking/ShownTexts.h"
 #include "snippets/SnippetStore.h"
@@ -48,6 +49,7 @@ public:
 
     const ClipboardHistory& history() const { return m_history; }
     SnippetStore& store() { return m_store; }
+    LayoutCycle& layoutCycle() { return m_layoutCycle; }
 
 signals:
     /// A step of the start or the end is done.
@@ -97,6 +99,8 @@ private:
     CopyTools m_copyTools;
     FolderSnippets m_folderSnippets;
     SearchTexts m_searchTexts;
+    KeyboardLayoutVariants m_layoutVariants;
+    LayoutCycle m_layoutCycle;
     StatusMenuController m_menu;
     MenuPreparation m_menuPreparation;
     MenuCommands m_menuCommands;

@@ -4,6 +4,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeyPoster.h"
+#include "platform/x11/X11KeyboardLayouts.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11TrayWatcher.h"
 #include "platform/x11/X11Workspace.h"
@@ -23,6 +24,7 @@ struct X11Platform::Parts {
         : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
+        , keyboardLayouts(connection)
         , keyPoster(
               connection, mainQueue, hotKeys,
               {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
@@ -40,6 +42,7 @@ struct X11Platform::Parts {
     DesktopFiles desktopFiles;
     X11Workspace workspace;
     X11HotKeyCenter hotKeys;
+    X11KeyboardLayouts keyboardLayouts; // behind the workspace, whose events it adds to
     X11KeyPoster keyPoster;
     Icons icons;
     SwitchingMenu menu;
@@ -65,6 +68,7 @@ Adapters X11Platform::adapters() {
             .workspace = m_parts->workspace,
             .keyPoster = m_parts->keyPoster,
             .hotKeys = m_parts->hotKeys,
+            .keyboardLayouts = m_parts->keyboardLayouts,
             .statusItem = m_parts->statusItem,
             .menu = m_parts->menu,
             .textEditor = m_parts->textEditor,

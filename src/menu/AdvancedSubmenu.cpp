@@ -2,6 +2,7 @@
 
 #include "menu/ClipDetails.h"
 #include "menu/ClipItems.h"
+#include "menu/LayoutItems.h"
 #include "menu/RowSource.h"
 #include "menu/Submenus.h"
 #include "paste/PasteOption.h"
@@ -94,6 +95,7 @@ QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& b
             return item.representedObject.endsWith(rawName(PasteOption::plainText)) ||
                    item.representedObject.endsWith(rawName(PasteOption::withEdit));
         });
+    items += layoutItems(entry.text, shownText(entry, build.content()), build);
     if (build.content().history.entry(entry.id))
         items += QList<MenuItem>{MenuItem::separator()} + pinItems(entry, build);
     return items;
@@ -107,7 +109,8 @@ QList<MenuItem> advancedItems(QStringView representedObject, const MenuBuild& bu
         return entryItems(*entry, build);
     if (const Snippet* snippet = build.content().snippets.snippet(source.id))
         return pasteItems(snippetItem(*snippet, source.group, build),
-                          snippetText(source.group, source.id), build);
+                          snippetText(source.group, source.id), build) +
+               layoutItems(snippet->text, shownText(*snippet, build.content()), build);
     return {};
 }
 

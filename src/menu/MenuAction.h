@@ -21,6 +21,7 @@ enum class MenuAction {
     togglePinRecentSnippet,
     pinRecentSnippetForHour,
     pinRecentSnippetForDay,
+    pasteContextValue, ///< About a `ContextPastePayload`.
     disableHintsSection,
     openGeneralSettings,
     quit,

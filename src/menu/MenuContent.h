@@ -6,6 +6,7 @@
 #include "menu/FolderSnippets.h"
 #include "menu/MenuVariant.h"
 #include "menu/search/SearchTexts.h"
+#include "paste/layouts/KeyboardLayoutVariants.h"
 #include "platform/Pasteboard.h"
 #include "smart/masking/ShownTexts.h"
 
@@ -23,6 +24,7 @@ struct MenuContent {
     const Clock& clock;
     const ShownTexts& shownTexts;
     const SearchTexts& searchTexts;
+    const KeyboardLayoutVariants& layoutVariants;
 
     QString text(const char* key) const { return strings.text(QString::fromLatin1(key)); }
 };

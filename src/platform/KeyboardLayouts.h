@@ -58,6 +58,9 @@ public:
     /// The layout in which keys are typed now; empty when that is not known.
     virtual QString activeID() = 0;
 
+    /// Keys are typed in this layout from now on; does nothing when it is not configured.
+    virtual void activate(const QString& id) = 0;
+
 signals:
     /// `maps` is void; not emitted again before it was asked for anew.
     void configurationChanged();

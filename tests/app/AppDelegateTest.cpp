@@ -1,6 +1,7 @@
 #include "CoreRig.h"
 #include "FakeHotKeyCenter.h"
 #include "FakeKeyPoster.h"
+#include "FakeKeyboardLayouts.h"
 #include "FakeUi.h"
 
 #include "app/AppDelegate.h"
@@ -33,8 +34,8 @@ struct Program {
                 home + QStringLiteral("/run/lock")}
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
-              {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, statusItem, menu,
-               textEditor, desktop, appearance, textServices}) {}
+              {QStringLiteral("fake"), pasteboard, workspace, keyPoster, hotKeys, layouts,
+               statusItem, menu, textEditor, desktop, appearance, textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -49,6 +50,7 @@ struct Program {
     FakeWorkspace workspace;
     FakeKeyPoster keyPoster;
     FakeHotKeyCenter hotKeys;
+    FakeKeyboardLayouts layouts;
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
     FakeTextEditor textEditor;

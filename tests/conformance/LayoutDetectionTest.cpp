@@ -80,7 +80,7 @@ void ask(Tally& tally, const Mistake& mistake, const Texts& texts) {
     // Somebody who notices may have switched already, or not.
     for (const QStringView activeNow : {mistake.active, mistake.meant}) {
         FakeKeyboardLayouts layouts(realLayouts(mistake.configured.toString()));
-        layouts.choose(activeNow.toString());
+        layouts.activate(activeNow.toString());
         const KeyboardLayoutVariants variants(layouts);
         for (const QStringView phrase : texts) {
             const QString wrong = retyped(typed(phrase, meant), active);
@@ -123,7 +123,7 @@ TEST(LayoutDetection, LeavesAloneWhatIsRight) {
             if (!configured.split(u',').contains(one.layout))
                 continue;
             FakeKeyboardLayouts layouts(realLayouts(configured));
-            layouts.choose(one.layout.toString());
+            layouts.activate(one.layout.toString());
             const KeyboardLayoutVariants variants(layouts);
             const KeyboardLayoutMap own = realLayouts(one.layout.toString()).first();
             for (const QStringView phrase : one.seen) {

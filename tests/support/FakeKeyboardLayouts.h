@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Layouts in memory; the first one is active until another is chosen.
+/// Layouts in memory; the first one is active at first.
 class FakeKeyboardLayouts final : public KeyboardLayouts {
 public:
     FakeKeyboardLayouts() = default;
@@ -25,7 +25,6 @@ public:
         m_maps = maps;
         emit configurationChanged();
     }
-    void choose(const QString& id) { m_activeID = id; }
 
     const QList<KeyboardLayoutMap>& maps() override {
         ++mapReads;
@@ -33,6 +32,11 @@ public:
     }
     QString activeID() override {
         return m_activeID.isEmpty() && !m_maps.isEmpty() ? m_maps.first().id : m_activeID;
+    }
+    void activate(const QString& id) override {
+        for (const KeyboardLayoutMap& map : qAsConst(m_maps))
+            if (map.id == id)
+                m_activeID = id;
     }
 
     int mapReads = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreRig.h"
+#include "FakeKeyboardLayouts.h"
 
 #include "menu/MenuPreparation.h"
 #include "menu/StatusMenu.h"
@@ -16,8 +17,11 @@ struct MenuRig : CoreRig {
     StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
     ShownTexts shownTexts;
     SearchTexts searchTexts{preferences};
-    MenuContent content{history,     smartFolders, snippets, folderSnippets, pasteboard,
-                        preferences, strings,      clock,    shownTexts,     searchTexts};
+    FakeKeyboardLayouts layouts;
+    KeyboardLayoutVariants layoutVariants{layouts};
+    MenuContent content{history,    smartFolders, snippets,      folderSnippets,
+                        pasteboard, preferences,  strings,       clock,
+                        shownTexts, searchTexts,  layoutVariants};
 
     QUuid addSnippet(const QString& title, const QString& text, const QUuid& group = {},
                      const std::optional<SnippetShortcut>& keys = {}) {

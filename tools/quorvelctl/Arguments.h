@@ -38,6 +38,7 @@ QJsonObject positionArgument(Words& words);
 
 /// All the words as one text.
 QJsonObject queryArgument(Words& words);
+QJsonObject layoutsArgument(Words& words);
 
 QJsonObject inputArgument(Words& words);
 QJsonObject newSnippetArguments(Words& words);

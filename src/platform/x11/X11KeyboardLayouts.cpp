@@ -118,4 +118,14 @@ QString X11KeyboardLayouts::activeID() {
     return state ? m_groupIDs.value(state->group) : QString();
 }
 
+void X11KeyboardLayouts::activate(const QString& id) {
+    maps();
+    const qsizetype group = m_groupIDs.indexOf(id);
+    if (group < 0)
+        return;
+    xcb_xkb_latch_lock_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, quint8(group), 0,
+                             0, 0);
+    m_connection.flush();
+}
+
 } // namespace quorvel

@@ -21,6 +21,7 @@ public:
     const QList<KeyboardLayoutMap>& maps() override;
 
     QString activeID() override;
+    void activate(const QString& id) override;
 
 private:
     void watchKeyboard();
