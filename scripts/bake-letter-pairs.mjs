@@ -24,7 +24,7 @@ const edge = ' ';
 const fewest = 3;
 const strangers = 'º';
 /// How much the frequency of a letter alone counts beside the pairs that were seen.
-const smoothing = 4;
+const smoothing = 10;
 const highestCost = 78;
 /// How often our own words count.
 const ownWeight = 4;

@@ -10,10 +10,10 @@ namespace quorvel {
 struct Phrases {
     QStringView layout;
 
-    /// While the costs were chosen.
+    /// By these the costs were chosen.
     std::array<QStringView, 22> seen;
 
-    /// Written afterwards, never looked at for a change.
+    /// Written when most of the costs stood, to see whether they hold.
     std::array<QStringView, 8> unseen;
 };
 

@@ -9,10 +9,11 @@ namespace {
 constexpr double pastedLetterCost = 16;
 constexpr double pastedSignCost = 5;
 
-/// Most texts are right as they are, and the active layout is hardly more often the one in which a
-/// text was typed than another: those who notice switch.
+/// Most texts are right as they are, and then written in the active layout. Those who notice that
+/// it is the wrong one have often switched before they ask.
 constexpr double mistakeCost = 2;
-constexpr double inactiveCost = 1.5;
+constexpr double inactiveCost = 3;
+constexpr double switchedCost = 1;
 
 struct Coverage {
     bool hasKeys = false; ///< For anything but blanks.
@@ -56,10 +57,11 @@ std::optional<DetectedLayout> LayoutDetection::detect(const QString& text) const
         if (!hasKeys)
             continue;
         const DetectedLayout detected{source, judged(characters)};
-        double cost = detected.ownCost();
+        const bool isActive = m_maps.at(source).id == m_activeID;
+        double cost = detected.ownCost() + (isActive ? 0 : inactiveCost);
         for (const JudgedTarget& target : detected.targets)
-            cost = std::min(cost, target.cost + mistakeCost);
-        cost += pasted + (m_maps.at(source).id == m_activeID ? 0 : inactiveCost);
+            cost = std::min(cost, target.cost + mistakeCost + (isActive ? 0 : switchedCost));
+        cost += pasted;
         if (!best || cost < leastCost) {
             best = detected;
             leastCost = cost;
