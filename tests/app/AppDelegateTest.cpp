@@ -320,6 +320,27 @@ TEST_F(AppDelegateTest, TheControlSocketReachesClips) {
     EXPECT_EQ(program.menu.tree.size(), 1);
 }
 
+TEST_F(AppDelegateTest, TheControlSocketTellsOfLayouts) {
+    Program program(home.path());
+    program.layouts.configure(
+        {FakeKeyboardLayouts::layout(QStringLiteral("us"), QStringLiteral("ghbdtn")),
+         FakeKeyboardLayouts::layout(QStringLiteral("ru"), QStringLiteral("привет"))});
+    ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
+    const auto reading = [&](const QString& text) {
+        const auto reply =
+            ask(program, QStringLiteral("layouts"), {{QStringLiteral("text"), text}});
+        return QString::fromUtf8(
+            QJsonDocument(reply.result.toObject()).toJson(QJsonDocument::Compact));
+    };
+    const QString start = QStringLiteral(R"({"active":"us","layouts":[{"id":"us","name":"US"},)"
+                                         R"({"id":"ru","name":"RU"}],"source":)");
+    EXPECT_EQ(reading(QStringLiteral("ghbdtn")),
+              start + QStringLiteral(R"({"id":"us","name":"US"},"variants":[{"id":"ru",)"
+                                     R"("likelihood":"likely","name":"RU","text":"привет"}]})"));
+    EXPECT_EQ(reading(QStringLiteral("漢字")), start + QStringLiteral(R"(null,"variants":[]})"));
+    EXPECT_EQ(reading(QStringLiteral(" ")), QStringLiteral("{}")) << "refused";
+}
+
 TEST_F(AppDelegateTest, TheControlSocketReachesSnippets) {
     Program program(home.path());
     program.delegate.applicationDidFinishLaunching();
