@@ -57,7 +57,7 @@ public:
     /// Marks that cannot go onto the character stand before it.
     void add(const QString& character) {
         const QString marked = (character + m_marks).normalized(QString::NormalizationForm_C);
-        const bool isOne = !m_marks.isEmpty() && marked.size() == 1;
+        const bool isOne = !m_marks.isEmpty() && !character.isEmpty() && marked.size() == 1;
         m_text += isOne ? marked : m_marksAlone + character;
         m_marks.clear();
         m_marksAlone.clear();
