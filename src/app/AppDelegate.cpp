@@ -35,8 +35,9 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_watcher(m_adapters.pasteboard, m_adapters.workspace, m_detector, m_history,
                 m_environment.clock, m_environment.mainQueue)
     , m_focusTracker(m_adapters.workspace, m_environment.mainQueue, m_environment.processIdentifier)
-    , m_pasteEngine(m_adapters.pasteboard, m_watcher, m_history, m_focusTracker,
-                    m_adapters.workspace, m_adapters.keyPoster, m_environment.mainQueue)
+    , m_pasteDelivery(m_adapters.pasteboard, m_watcher, m_focusTracker, m_adapters.workspace,
+                      m_adapters.keyPoster, m_environment.mainQueue)
+    , m_pasteEngine(m_pasteDelivery, m_history)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
     , m_copyTools(m_adapters.pasteboard, m_watcher)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
@@ -209,8 +210,8 @@ void AppDelegate::wireStores() {
 
 void AppDelegate::wirePaste() {
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
-    connect(&m_pasteEngine, &PasteEngine::keysPosted, this, &AppDelegate::reportPost);
-    connect(&m_pasteEngine, &PasteEngine::permissionMissing, this, [this] {
+    connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, &AppDelegate::reportPost);
+    connect(&m_pasteDelivery, &PasteDelivery::permissionMissing, this, [this] {
         const StringTable& strings = m_environment.strings;
         const QStringList sentences{
             strings.text(QStringLiteral("error.pastePermission.messagePrefix")),
@@ -233,6 +234,7 @@ void AppDelegate::wireControl() {
                                       .watcher = m_watcher,
                                       .focus = m_focusTracker,
                                       .pasteEngine = m_pasteEngine,
+                                      .copyTools = m_copyTools,
                                       .hotKeys = m_hotKeys,
                                       .menu = m_menu,
                                       .content = menuContent(),

@@ -94,6 +94,7 @@ private:
     HistoryStore m_historyStore;
     PasteboardWatcher m_watcher;
     FocusTracker m_focusTracker;
+    PasteDelivery m_pasteDelivery;
     PasteEngine m_pasteEngine;
     GlobalHotKeys m_hotKeys;
     CopyTools m_copyTools;

@@ -43,6 +43,7 @@ constexpr std::array commands{
     Command{"search", controlled::search},
     Command{"copy", controlled::copy},
     Command{"paste", controlled::pasteClip},
+    Command{"transform", controlled::transform},
     Command{"pin", controlled::pinClip},
     Command{"unpin", controlled::unpinClip},
     Command{"delete", controlled::deleteClip},

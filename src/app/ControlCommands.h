@@ -16,6 +16,7 @@ struct ControlledParts {
     PasteboardWatcher& watcher;
     FocusTracker& focus;
     PasteEngine& pasteEngine;
+    CopyTools& copyTools;
     GlobalHotKeys& hotKeys;
     StatusMenuController& menu;
     MenuContent content;

@@ -111,10 +111,27 @@ ControlReply copy(const ControlledParts& parts, const QJsonObject& arguments) {
 }
 
 ControlReply pasteClip(const ControlledParts& parts, const QJsonObject& arguments) {
+    const QString mode =
+        arguments.value(QStringLiteral("mode")).toString(rawName(PasteOption::normal));
+    const auto option = pasteOption(mode);
+    if (!option)
+        return {{}, QStringLiteral("there is no way to paste called \"%1\"").arg(mode)};
     return withClip(parts, arguments, [&](const RecentClipboardEntry& entry) {
         parts.focus.refresh();
-        parts.pasteEngine.pasteEntry(entry);
+        parts.pasteEngine.pasteEntry(entry, *option);
     });
+}
+
+ControlReply transform(const ControlledParts& parts, const QJsonObject& arguments) {
+    const QString name = arguments.value(QStringLiteral("tool")).toString();
+    const auto tool = copyToolNamed(name);
+    if (!tool)
+        return {{},
+                QStringLiteral("there is no \"%1\"; name plain, trim, upper, lower or title")
+                    .arg(name)};
+    if (!parts.copyTools.apply(*tool))
+        return {{}, QStringLiteral("there is no text on the clipboard")};
+    return {true, {}};
 }
 
 /// For good, also when it was pinned for a while.

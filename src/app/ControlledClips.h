@@ -16,7 +16,12 @@ ControlReply search(const ControlledParts& parts, const QJsonObject& arguments);
 /// Puts "text" onto the clipboard.
 ControlReply copy(const ControlledParts& parts, const QJsonObject& arguments);
 
+/// By "mode": one of the ways to paste, "normal" unless told.
 ControlReply pasteClip(const ControlledParts& parts, const QJsonObject& arguments);
+
+/// Rewrites the text on the clipboard by "tool".
+ControlReply transform(const ControlledParts& parts, const QJsonObject& arguments);
+
 ControlReply pinClip(const ControlledParts& parts, const QJsonObject& arguments);
 ControlReply unpinClip(const ControlledParts& parts, const QJsonObject& arguments);
 ControlReply deleteClip(const ControlledParts& parts, const QJsonObject& arguments);

@@ -97,12 +97,13 @@ void ClipboardHistory::applyRememberedPin(RecentClipboardEntry& entry) const {
     entry.pinnedUntil = m_pins.expiry(key);
 }
 
-void ClipboardHistory::bump(const QUuid& id) {
-    const qsizetype index = indexOf(id);
-    if (index < 0)
-        return;
-    m_recentClipboard.move(index, 0);
-    ++m_recentClipboard.first().usageCount;
+void ClipboardHistory::bump(const RecentClipboardEntry& used) {
+    const RecentClipboardEntry* present = entry(used.id);
+    RecentClipboardEntry top = present ? *present : used;
+    takeSame({.text = top.text, .imagePNGData = top.imagePNGData});
+    ++top.usageCount;
+    m_recentClipboard.prepend(top);
+    trim();
     emit entryPut(m_recentClipboard.constFirst());
     emit changed();
 }

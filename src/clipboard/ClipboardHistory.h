@@ -39,8 +39,9 @@ public:
     /// count and goes.
     void insert(const ClipboardCapture& capture);
 
-    /// Counts a use and moves the entry to the top.
-    void bump(const QUuid& id);
+    /// Counts a use and moves the entry to the top; one that was dropped here and that a smart
+    /// folder still has comes back.
+    void bump(const RecentClipboardEntry& entry);
 
     void togglePin(const QUuid& id);
     void pinFor(const QUuid& id, std::chrono::seconds span);

@@ -25,9 +25,10 @@ struct X11Platform::Parts {
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
         , keyboardLayouts(connection)
-        , keyPoster(
-              connection, mainQueue, hotKeys,
-              {[this] { pasteboard.offerAsPrimary(); }, [this] { return pasteboard.isSettled(); }})
+        , keyPoster(connection, mainQueue, hotKeys,
+                    {[this] { pasteboard.offerAsPrimary(); },
+                     [this](quint32 window) { pasteboard.expectReader(window); },
+                     [this] { return pasteboard.isSettled(); }})
         , menu(icons, strings)
         , statusItem(strings, icons)
         , textEditor(strings) {

@@ -3,8 +3,7 @@
 #include "main/SignalWatcher.h"
 #include "main/X11Platform.h"
 #include "platform/textmodule/LazyTextServices.h"
-
-#include <QApplication>
+#include "ui/Application.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -80,7 +79,7 @@ int main(int argc, char* argv[]) {
     }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication application(argc, argv);
+    quorvel::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvel"));
     QApplication::setDesktopFileName(QStringLiteral("quorvel"));
     QApplication::setQuitOnLastWindowClosed(false);

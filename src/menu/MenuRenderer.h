@@ -60,6 +60,9 @@ signals:
     /// The first frame since the menu was opened or updated is on the screen.
     void painted();
 
+    /// The menu is being closed, with the reason for the log. Comes before `closed`.
+    void ending(const QString& reason);
+
     /// The menu is gone. Emitted once for each opening, before `chosen`.
     void closed();
 

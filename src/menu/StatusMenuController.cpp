@@ -24,6 +24,8 @@ StatusMenuController::StatusMenuController(Parts parts)
     connect(&m_renderer, &MenuRenderer::searchChanged, this, &StatusMenuController::search);
     connect(&m_renderer, &MenuRenderer::modifiersChanged, this,
             &StatusMenuController::followModifiers);
+    connect(&m_renderer, &MenuRenderer::ending, this,
+            [this](const QString& reason) { m_timings.reached(u"ending[%1]"_qs.arg(reason)); });
     connect(&m_renderer, &MenuRenderer::closed, this, &StatusMenuController::menuDidClose);
     connect(&m_renderer, &MenuRenderer::chosen, this, &StatusMenuController::chosen);
     connect(&m_renderer, &MenuRenderer::painted, this, [this] { m_timings.painted(); });

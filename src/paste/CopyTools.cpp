@@ -5,6 +5,26 @@
 
 namespace quorvel {
 
+namespace {
+
+QString rewritten(const QString& text, CopyTool tool) {
+    switch (tool) {
+    case CopyTool::plain:
+        return text;
+    case CopyTool::trim:
+        return trimmedAndCollapsed(text);
+    case CopyTool::upper:
+        return QLocale::c().toUpper(text);
+    case CopyTool::lower:
+        return QLocale::c().toLower(text);
+    case CopyTool::title:
+        return titleCased(text);
+    }
+    return text;
+}
+
+} // namespace
+
 QString trimmedAndCollapsed(const QString& text) {
     return text.simplified();
 }
@@ -28,38 +48,26 @@ QString titleCased(const QString& text) {
     return result;
 }
 
+std::optional<CopyTool> copyToolNamed(QStringView name) {
+    const auto found = std::find(copyToolNames.begin(), copyToolNames.end(), name);
+    if (found == copyToolNames.end())
+        return std::nullopt;
+    return static_cast<CopyTool>(found - copyToolNames.begin());
+}
+
 CopyTools::CopyTools(Pasteboard& pasteboard, PasteboardWatcher& watcher)
     : m_pasteboard(pasteboard)
     , m_watcher(watcher) {}
 
-void CopyTools::copyClipboardAsPlainText() {
-    rewrite([](const QString& text) { return text; });
-}
-
-void CopyTools::copyClipboardTrimAndCollapse() {
-    rewrite(trimmedAndCollapsed);
-}
-
-void CopyTools::copyClipboardUppercase() {
-    rewrite([](const QString& text) { return QLocale::c().toUpper(text); });
-}
-
-void CopyTools::copyClipboardLowercase() {
-    rewrite([](const QString& text) { return QLocale::c().toLower(text); });
-}
-
-void CopyTools::copyClipboardTitleCase() {
-    rewrite(titleCased);
-}
-
 /// Captured at once, so the watcher must not capture it again when the change is announced.
-void CopyTools::rewrite(const std::function<QString(const QString&)>& transform) {
+bool CopyTools::apply(CopyTool tool) {
     const QString text = m_pasteboard.string();
     if (text.isEmpty())
-        return;
-    m_pasteboard.write({textItem(transform(text))});
+        return false;
+    m_pasteboard.write({textItem(rewritten(text, tool))});
     m_watcher.noteChangeCount();
     m_watcher.capture();
+    return true;
 }
 
 } // namespace quorvel

@@ -23,16 +23,9 @@ QList<ClipboardSnapshotItem> pasteboardItems(const RecentClipboardEntry& entry) 
     return items;
 }
 
-PasteEngine::PasteEngine(Pasteboard& pasteboard, PasteboardWatcher& watcher,
-                         ClipboardHistory& history, FocusTracker& focus, Workspace& workspace,
-                         KeyPoster& keys, MainQueue& mainQueue)
-    : m_pasteboard(pasteboard)
-    , m_watcher(watcher)
-    , m_history(history)
-    , m_focus(focus)
-    , m_workspace(workspace)
-    , m_keys(keys)
-    , m_mainQueue(mainQueue) {}
+PasteEngine::PasteEngine(PasteDelivery& delivery, ClipboardHistory& history)
+    : m_delivery(delivery)
+    , m_history(history) {}
 
 void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption option) {
     const bool needsText = option == PasteOption::plainText || option == PasteOption::withEdit;
@@ -43,14 +36,19 @@ void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption opti
     const RecentClipboardEntry pastedEntry = entry; // Using it moves it in the history.
     paste(needsText ? QList{textItem(pastedEntry.text)} : pasteboardItems(pastedEntry), option);
     emit pasted(pastedEntry.text);
-    m_history.bump(pastedEntry.id);
+    m_history.bump(pastedEntry);
 }
 
+/// A clip that is deleted while it is edited does not come back.
 void PasteEngine::requestEdit(const RecentClipboardEntry& entry) {
     const QList<ClipboardSnapshotItem> forms =
         entry.payloadItems.isEmpty() ? entry.payloadItems : pasteboardItems(entry);
-    emit editRequested(
-        {entry.text, forms, PasteOption::normal, [this, id = entry.id] { m_history.bump(id); }});
+    const bool isInHistory = m_history.entry(entry.id);
+    const auto used = [this, entry, isInHistory] {
+        if (!isInHistory || m_history.entry(entry.id))
+            m_history.bump(entry);
+    };
+    emit editRequested({entry.text, forms, PasteOption::normal, used});
 }
 
 void PasteEngine::pasteText(const QString& text, PasteOption option,
@@ -71,52 +69,8 @@ void PasteEngine::pasteEdited(const EditRequest& request, const EditBeforePasteS
 }
 
 void PasteEngine::paste(const QList<ClipboardSnapshotItem>& items, PasteOption option) {
-    if (option != PasteOption::keepClipboard) {
-        write(items);
-        requestPasteKeystroke();
-        return;
-    }
-    const QList<ClipboardSnapshotItem> before = m_pasteboard.items();
-    write(items);
-    requestPasteKeystroke();
-    if (m_keys.isTrusted()) // else the user pastes by hand, and needs the clip there
-        restoreLater(before);
-}
-
-/// Whatever was copied meanwhile is kept instead.
-void PasteEngine::restoreLater(const QList<ClipboardSnapshotItem>& before) {
-    m_mainQueue.after(restoreDelay, this, [this, before, written = m_pasteboard.changeCount()] {
-        if (m_pasteboard.changeCount() == written)
-            write(before);
-    });
-}
-
-void PasteEngine::write(const QList<ClipboardSnapshotItem>& items) {
-    m_watcher.noteChangeCount();
-    m_watcher.markOwnWrite(m_pasteboard.write(items));
-}
-
-void PasteEngine::requestPasteKeystroke() {
-    if (!m_keys.isTrusted()) {
-        if (!std::exchange(m_hasShownPastePermissionAlert, true))
-            emit permissionMissing();
-        return;
-    }
-    m_hasShownPastePermissionAlert = false;
-    std::optional<FocusTarget> target = m_focus.target();
-    if (target && !m_workspace.isRunning(*target))
-        target.reset();
-    if (target)
-        m_workspace.activate(*target);
-    m_mainQueue.after(target ? targetedDelay : untargetedDelay, this,
-                      [this, target] { post(target); });
-}
-
-void PasteEngine::post(const std::optional<FocusTarget>& target) {
-    m_keys.postPaste(target, [self = QPointer(this)](PostOutcome outcome) {
-        if (self)
-            emit self->keysPosted(outcome);
-    });
+    const bool keeps = option == PasteOption::keepClipboard;
+    m_delivery.deliver(items, keeps ? Afterwards::whatWasBefore : Afterwards::pasted);
 }
 
 } // namespace quorvel

@@ -65,6 +65,10 @@ signals:
     /// told from the main loop later, never from inside `write`, so that the caller can note the
     /// count first.
     void changed();
+
+    /// The program to which paste keys were sent has fetched the content that was meant for it.
+    /// Not told where that cannot be seen.
+    void fetched();
 };
 
 /// An item that holds nothing but a text.

@@ -19,8 +19,8 @@ Modifiers modifierOf(int key);
 /// too, and a held one repeats and must not count as pressed again.
 class MenuKeyboard {
 public:
-    using Find =
-        std::function<std::optional<MenuItem>(const std::function<bool(const MenuItem&)>&)>;
+    using Matches = std::function<bool(const MenuItem&)>;
+    using Find = std::function<std::optional<MenuItem>(const Matches&)>;
 
     enum class Meaning { nothing, alreadyMeant, closes, chooses };
     struct Press {

@@ -14,6 +14,7 @@ void SwitchingMenu::forward(MenuRenderer& from) {
     connect(&from, &MenuRenderer::searchChanged, this, &MenuRenderer::searchChanged);
     connect(&from, &MenuRenderer::modifiersChanged, this, &MenuRenderer::modifiersChanged);
     connect(&from, &MenuRenderer::painted, this, &MenuRenderer::painted);
+    connect(&from, &MenuRenderer::ending, this, &MenuRenderer::ending);
     connect(&from, &MenuRenderer::closed, this, &MenuRenderer::closed);
     connect(&from, &MenuRenderer::chosen, this, &MenuRenderer::chosen);
 }

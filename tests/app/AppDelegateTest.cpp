@@ -302,6 +302,12 @@ TEST_F(AppDelegateTest, TheControlSocketReachesClips) {
             EXPECT_EQ(pins(), QString::fromLatin1(expected)) << command << position;
         }
     }
+    const auto tool = [&](const char* name) {
+        return answer(ask(program, QStringLiteral("transform"),
+                          {{QStringLiteral("tool"), QString::fromLatin1(name)}}));
+    };
+    EXPECT_EQ(tool("plain"), QStringLiteral("[true]"));
+    EXPECT_TRUE(tool("sideways").startsWith(u'!'));
     const auto search = [&](const char* text) {
         return answer(ask(program, QStringLiteral("search"),
                           {{QStringLiteral("text"), QString::fromLatin1(text)}}));
@@ -367,6 +373,7 @@ TEST_F(AppDelegateTest, TheControlSocketReachesSnippets) {
     EXPECT_EQ(snippets("paste", one(QStringLiteral("2"))), QStringLiteral("[true]"));
     EXPECT_EQ(program.pasteboard.string(), QStringLiteral("in the group"));
     EXPECT_EQ(program.delegate.store().groups().first().snippets.first().usageCount, 1);
+    program.mainQueue.advance(5s); // Its target never asks.
     EXPECT_EQ(snippets("paste", one(id)), QStringLiteral("[true]"));
     EXPECT_EQ(program.pasteboard.string(), QStringLiteral("at the root"));
     for (const char* name : {"0", "3", "-1", "", "mail"})

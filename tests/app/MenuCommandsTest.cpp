@@ -20,7 +20,8 @@ protected:
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, 1};
-    PasteEngine engine{pasteboard, watcher, history, focus, workspace, keyPoster, mainQueue};
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    PasteEngine engine{delivery, history};
     CopyTools copyTools{pasteboard, watcher};
     MenuCommands commands{{history, smartFolders, snippets, pasteboard, engine, copyTools}};
 };

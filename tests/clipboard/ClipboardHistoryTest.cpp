@@ -21,7 +21,7 @@ TEST_F(ClipboardHistoryTest, TheSameTextIsOneClipOnTopWithItsPastKept) {
     insert(QStringLiteral("a"));
     insert(QStringLiteral("b"));
     const QUuid old = idOf(QStringLiteral("a"));
-    history.bump(old);
+    history.bump(*history.entry(old));
     history.togglePin(old);
     insert(QStringLiteral("b"));
     insert(QStringLiteral("a"));
@@ -86,10 +86,16 @@ TEST_F(ClipboardHistoryTest, APinIsRememberedForATextThatComesBack) {
 
 TEST_F(ClipboardHistoryTest, AUseCountsAndMovesToTheTop) {
     insertMany(3);
-    history.bump(idOf(QStringLiteral("1")));
+    const RecentClipboardEntry oldest = *history.entry(idOf(QStringLiteral("1")));
+    history.bump(oldest);
     EXPECT_EQ(texts().first(), QStringLiteral("1"));
     EXPECT_EQ(first().usageCount, 1);
-    history.bump(QUuid::createUuid());
+    history.remove(oldest.id);
+    insert(QStringLiteral("1")); // Copied anew under another id.
+    history.bump(oldest);
+    EXPECT_EQ(texts(), QStringList({QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("2")}))
+        << "only a folder had it";
+    EXPECT_EQ(first().id, oldest.id);
     EXPECT_EQ(first().usageCount, 1);
 }
 

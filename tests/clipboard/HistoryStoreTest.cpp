@@ -108,7 +108,7 @@ TEST_F(HistoryStoreTest, EveryChangeSurvivesACrashBeforeTheWrite) {
         for (const char* text : {"a", "b", "c", "d"})
             run.insert(QString::fromLatin1(text));
         run.letWriteHappen();
-        run.history.bump(run.idOf(QStringLiteral("a")));
+        run.history.bump(*run.history.entry(run.idOf(QStringLiteral("a"))));
         run.history.remove(run.idOf(QStringLiteral("b")));
         run.insert(QStringLiteral("e\n\"line\" \\"));
         run.history.togglePin(run.idOf(QStringLiteral("c")));

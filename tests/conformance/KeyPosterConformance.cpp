@@ -48,7 +48,7 @@ TEST(KeyPosterConformance, answersOnceAndFromTheLoopWhereKeysCannotBePosted) {
     fake.setTrusted(false);
     fake.answerThrough(queue);
     X11Connection nowhere("no-such-host.invalid:99");
-    X11KeyPoster real(nowhere, queue, noHotKeys, {[] {}, [] { return true; }});
+    X11KeyPoster real(nowhere, queue, noHotKeys, {[] {}, [](quint32) {}, [] { return true; }});
     for (KeyPoster* poster : std::initializer_list<KeyPoster*>{&fake, &real}) {
         EXPECT_FALSE(poster->isTrusted());
         const Outcomes first = post(*poster, std::nullopt);
@@ -72,7 +72,9 @@ protected:
         if (!m_poster)
             m_poster = std::make_unique<X11KeyPoster>(
                 connection, queue, center,
-                X11KeyPoster::Clipboard{[this] { ++primaryOffers; }, [this] { return isSettled; }},
+                X11KeyPoster::Clipboard{[this] { ++primaryOffers; },
+                                        [this](quint32 window) { readers.append(window); },
+                                        [this] { return isSettled; }},
                 m_limits);
         return *m_poster;
     }
@@ -85,6 +87,7 @@ protected:
     QtMainQueue queue;
     X11HotKeyCenter center{connection.root()};
     int primaryOffers = 0;
+    QList<quint32> readers;
     bool isSettled = true;
 
 private:
@@ -123,6 +126,8 @@ TEST_F(X11KeyPosterTest, everyProgramGetsItsOwnPasteKeysOnce) {
         EXPECT_TRUE(waitUntil([&] { return other.keys(element).size() >= 2; }));
         EXPECT_THAT(other.keys(element), ElementsAre(key, key));
         EXPECT_EQ(primaryOffers, 2 * offers);
+        EXPECT_THAT(readers, ElementsAre(element, element));
+        readers.clear();
         other.close(window);
     }
 }
@@ -145,6 +150,45 @@ TEST_F(X11KeyPosterTest, keysNeverGoToAnotherWindow) {
     EXPECT_THAT(other.keys(target), IsEmpty());
 }
 
+/// Takes the focus away at the moment in which the keys are about to be sent.
+class FocusThief final : public HotKeyGuard {
+public:
+    explicit FocusThief(std::function<void()> steal)
+        : m_steal(std::move(steal)) {}
+    std::optional<xcb_keycode_t> heldKey() const override { return std::nullopt; }
+    void standAside(xcb_keycode_t, quint16) override { m_steal(); }
+    void standBack() override {}
+
+private:
+    std::function<void()> m_steal;
+};
+
+TEST_F(X11KeyPosterTest, aFocusThatIsLostAtAnyStepKeepsTheKeysBack) {
+    const xcb_window_t target = other.open("Mousepad");
+    const xcb_window_t neighbour = other.open("Neighbour");
+    enum class Step { content, settling, keys };
+    for (const Step stolenAt : {Step::content, Step::settling, Step::keys}) {
+        SCOPED_TRACE(int(stolenAt));
+        other.focus(target);
+        const auto reach = [&](Step step) {
+            if (step == stolenAt)
+                other.focus(neighbour);
+        };
+        FocusThief thief([&] { reach(Step::keys); });
+        const X11KeyPoster::Clipboard clipboard{[] {}, [&](quint32) { reach(Step::content); },
+                                                [&] {
+                                                    reach(Step::settling);
+                                                    return true;
+                                                }};
+        X11KeyPoster hunted(connection, queue, thief, clipboard, {2ms, 60ms, 60ms});
+        EXPECT_EQ(answer(post(hunted, FocusTarget{0, target, 0})), PostOutcome::focusElsewhere);
+        other.type({keyboard::one}); // Whatever was sent before has arrived before this.
+        ASSERT_TRUE(receives(neighbour, {keyboard::one, 0}));
+        EXPECT_FALSE(other.keys(neighbour).contains(X11Outside::Key{keyboard::v, controlState}));
+        EXPECT_THAT(other.keys(target), IsEmpty());
+    }
+}
+
 TEST(X11KeyPosterWithoutWindowManager, nothingIsPostedWhenNobodyHasTheFocus) {
     PrivateDesktop::Options options;
     options.windowManager = false;
@@ -153,7 +197,7 @@ TEST(X11KeyPosterWithoutWindowManager, nothingIsPostedWhenNobodyHasTheFocus) {
     X11Connection connection(desktop.display().toLatin1());
     QtMainQueue queue;
     NoHotKeys noHotKeys;
-    X11KeyPoster poster(connection, queue, noHotKeys, {[] {}, [] { return true; }},
+    X11KeyPoster poster(connection, queue, noHotKeys, {[] {}, [](quint32) {}, [] { return true; }},
                         {2ms, 60ms, 60ms});
     const xcb_window_t window = other.open("Mousepad");
     for (const quint32 nobody : {XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_POINTER_ROOT}) {
@@ -385,7 +429,8 @@ TEST_F(RealProgramTest, aTerminalGetsTheTextFromPrimary) {
         // It becomes the owner in the background.
         waitUntil([&] { return xclip(primary, QStringLiteral("-o")).output == text; });
     };
-    X11KeyPoster toTerminals(connection, queue, center, {offerPrimary, [] { return true; }});
+    X11KeyPoster toTerminals(connection, queue, center,
+                             {offerPrimary, [](quint32) {}, [] { return true; }});
     const auto arrived = [&] {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) && file.readAll() == text;

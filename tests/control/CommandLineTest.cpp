@@ -47,6 +47,10 @@ TEST(CommandLine, SaysWhatIsAskedOrWhatIsWrong) {
         {"layouts", "! layouts needs a text to convert"},
         {"copy", "copy {\"text\":\"in\"}"},
         {"copy x", "! \"x\" is one word too many"},
+        {"paste 2 --keep", "paste {\"mode\":\"keepClipboard\",\"position\":2}"},
+        {"paste 2 --keep --plain", "! --plain and --keep do not go together"},
+        {"transform upper", "transform {\"tool\":\"upper\"}"},
+        {"transform", "! transform needs plain, trim, upper, lower or title after it"},
         {"pin 3", "pin {\"position\":3}"},
         {"delete 0", "! the position of a clip is missing: a number from 1, see \"quorvelctl "
                      "list\""},

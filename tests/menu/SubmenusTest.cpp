@@ -23,7 +23,7 @@ protected:
     }
     void use(const QString& text, int times) {
         for (int i = 0; i < times; ++i)
-            history.bump(idOf(text));
+            history.bump(*history.entry(idOf(text)));
     }
 
     const QString docs = QStringLiteral("https://docs.example");

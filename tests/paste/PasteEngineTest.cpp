@@ -43,7 +43,8 @@ protected:
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, ownProcess};
-    PasteEngine engine{pasteboard, watcher, history, focus, workspace, keyPoster, mainQueue};
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    PasteEngine engine{delivery, history};
 };
 
 TEST_F(PasteEngineTest, WritesAtOnceAndPressesKeysInTheTargetLater) {
@@ -107,6 +108,7 @@ TEST_F(PasteEngineTest, ATextThatIsToBeEditedIsPastedWhenThatIsDone) {
     EXPECT_EQ(first().text, QStringLiteral("x"));
     EXPECT_EQ(first().usageCount, 1);
     EXPECT_TRUE(captured.isEmpty());
+    pasteboard.fetchFromOutside();
 
     engine.pasteEdited(*request, {.text = QStringLiteral("x"), .pasteAsPlainText = false});
     EXPECT_EQ(pasteboard.items().first().payloadByType.mid(0, 2), rich.first().payloadByType);
@@ -116,6 +118,7 @@ TEST_F(PasteEngineTest, WithoutCapturedFormsTheTextOrThePictureIsPasted) {
     history.insert({.text = QStringLiteral("stored")});
     paste(first().id);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("stored"));
+    mainQueue.advance(5s);
     const QByteArray png("\x89PNG\r\n\x1a\n...", 11);
     history.insert({.imagePNGData = png});
     paste(first().id);
@@ -145,7 +148,7 @@ TEST_F(PasteEngineTest, ATargetThatHasGoneIsReplacedByWhoeverHasTheFocus) {
 
 TEST_F(PasteEngineTest, WithoutPermissionItSaysSoOnceAndLeavesTheClipOnThePasteboard) {
     const QUuid id = copied(QStringLiteral("x"));
-    QSignalSpy missing(&engine, &PasteEngine::permissionMissing);
+    QSignalSpy missing(&delivery, &PasteDelivery::permissionMissing);
     const auto pasteTrusted = [&](bool trusted) {
         keyPoster.setTrusted(trusted);
         paste(id);
@@ -206,6 +209,43 @@ TEST_F(PasteEngineTest, KeepingTheClipboardPutsItBackUnlessSomethingNewIsThere) 
         EXPECT_EQ(pasteboard.items().first() == rich, !copiedMeanwhile && isTrusted);
         EXPECT_EQ(captured.size(), copiedMeanwhile ? 1 : 0);
     }
+}
+
+TEST_F(PasteEngineTest, WhatWasOnTheClipboardComesBackOnlyAfterTheKeys) {
+    const QUuid clip = copied(QStringLiteral("clip"));
+    copied(QStringLiteral("before"));
+    keyPoster.holdAnswers();
+    const struct {
+        PostOutcome outcome;
+        const char* afterwards;
+    } cases[]{{PostOutcome::posted, "before"}, {PostOutcome::focusElsewhere, "clip"}};
+    for (const auto& [outcome, afterwards] : cases) {
+        keyPoster.setOutcome(outcome);
+        paste(clip, PasteOption::keepClipboard);
+        mainQueue.advance(300ms);
+        EXPECT_EQ(pasteboard.string(), QStringLiteral("clip"));
+        keyPoster.answer();
+        EXPECT_EQ(pasteboard.string(), QString::fromLatin1(afterwards));
+        pasteboard.fetchFromOutside();
+    }
+}
+
+TEST_F(PasteEngineTest, APasteWaitsUntilTheOneBeforeHasArrived) {
+    const auto ask = [this](const char* text) { engine.pasteText(QString::fromLatin1(text)); };
+    ask("a");
+    ask("b");
+    mainQueue.advance(500ms);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("a")) << "its target is slow to ask";
+    pasteboard.fetchFromOutside();
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("b"));
+    ask("c");
+    mainQueue.advance(80ms + PasteDelivery::fetchPatience);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("c")) << "its target never asks";
+    keyPoster.setOutcome(PostOutcome::focusElsewhere);
+    ask("d");
+    mainQueue.advance(160ms + PasteDelivery::fetchPatience);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("d")) << "no keys were pressed";
+    EXPECT_EQ(keyPoster.posts().size(), 4);
 }
 
 TEST(FocusTracker, PollsWhereChangesAreNotAnnounced) {

@@ -28,6 +28,9 @@ public:
     /// Another program copies something that does not arrive: what was there before stays.
     void failFromOutside(const QString& reason) { ++m_activity.failed[reason]; }
 
+    /// The program that was sent the paste keys takes the content.
+    void fetchFromOutside() { emit fetched(); }
+
     /// Without announcements the count has to be polled.
     void setAnnouncesChanges(bool announces) { m_announces = announces; }
 

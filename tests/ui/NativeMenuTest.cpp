@@ -1,10 +1,8 @@
 #include "ui/NativeMenu.h"
 
-#include "foundation/StringTable.h"
 #include "support/FakeHotKeyCenter.h"
 #include "support/QtPrinting.h"
-#include "ui/Icons.h"
-#include "ui/UiDesktop.h"
+#include "ui/MenuUiTest.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -18,27 +16,6 @@
 namespace quorvel {
 
 namespace {
-
-MenuItem clip(const QString& title) {
-    return {.title = title, .action = MenuAction::pasteRecentSnippet, .representedObject = title};
-}
-
-MenuItem clip(const QString& title, const QString& key) {
-    MenuItem item = clip(title);
-    item.keyEquivalent = {key, Modifier::command};
-    return item;
-}
-
-QList<MenuItem> clips(int count) {
-    QList<MenuItem> items;
-    for (int i = 0; i < count; ++i)
-        items.append(clip(QStringLiteral("clip %1").arg(i)));
-    return items;
-}
-
-MenuItem submenu(const QString& identifier, const QList<MenuItem>& items = {}) {
-    return {.title = identifier, .identifier = identifier, .submenu = items};
-}
 
 /// Holds the pointer or the keyboard for itself, as another program's menu does.
 class GrabbingProgram {
@@ -90,48 +67,8 @@ private:
     }
 };
 
-class NativeMenuTest : public testing::Test {
+class NativeMenuTest : public MenuUiTest<NativeMenu, MenuForm::native> {
 protected:
-    NativeMenuTest() {
-        QObject::connect(&m_menu, &MenuRenderer::painted, &m_menu, [this] { ++m_paintings; });
-        QObject::connect(&m_menu, &MenuRenderer::closed, &m_menu,
-                         [this] { m_events.append(QStringLiteral("closed")); });
-        QObject::connect(&m_menu, &MenuRenderer::chosen, &m_menu, [this](const MenuChoice& choice) {
-            m_events.append(QStringLiteral("chosen ") + choice.representedObject);
-            m_choice = choice;
-        });
-        QObject::connect(
-            &m_menu, &MenuRenderer::submenuOpening, &m_menu,
-            [this](const QString& id) { m_events.append(QStringLiteral("opening ") + id); });
-        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
-                         [this](const QString& query) { m_queries.append(query); });
-        QObject::connect(&m_menu, &MenuRenderer::modifiersChanged, &m_menu,
-                         [this](Modifiers held) { m_modifiers.append(held); });
-        putPointer(QPoint(200, 100));
-    }
-
-    NativeMenu& menu() { return m_menu; }
-    const QStringList& events() const { return m_events; }
-    const MenuChoice& choice() const { return m_choice; }
-    const QStringList& queries() const { return m_queries; }
-    const QList<Modifiers>& modifiersTold() const { return m_modifiers; }
-
-    void putPointer(QPoint position) {
-        xdotool({QStringLiteral("mousemove"), QString::number(position.x()),
-                 QString::number(position.y())});
-    }
-
-    void open(const QList<MenuItem>& tree) {
-        const int before = m_paintings;
-        m_menu.open(tree, MenuForm::native);
-        ASSERT_TRUE(waitUntil([&] { return m_paintings == before + 1; }));
-    }
-
-    bool happens(const QStringList& expected) {
-        return waitUntil([&] { return m_events.size() >= expected.size(); }) &&
-               m_events == expected;
-    }
-
     /// The open menus, the main one first.
     static QList<QMenu*> shownMenus() {
         QList<QMenu*> shown;
@@ -168,43 +105,11 @@ protected:
     }
 
     static QLineEdit& searchField() { return *shownMenu().findChild<QLineEdit*>(); }
-    bool asked(const QStringList& expected) {
-        return waitUntil([&] { return m_queries.size() >= expected.size(); }) &&
-               m_queries == expected;
-    }
-
-    /// What the program does with a search: the tree with what is found.
-    void answerSearches(const QStringList& titles) {
-        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
-                         [this, titles](const QString& query) {
-                             m_menu.update(searchable(titles.filter(query), query));
-                         });
-    }
-    static QList<MenuItem> searchable(const QStringList& titles, const QString& query = {}) {
-        QList<MenuItem> items{{.kind = MenuItemKind::searchField,
-                               .title = QStringLiteral("Search"),
-                               .representedObject = query},
-                              MenuItem::header(QStringLiteral("Clips"))};
-        for (const QString& title : titles)
-            items.append(clip(title));
-        return items;
-    }
-
     static void sendKey(QEvent::Type type, quint32 scanCode, quint64 time) {
         QKeyEvent event(type, Qt::Key_V, Qt::MetaModifier, scanCode, 0, 0);
         event.setTimestamp(time);
         QApplication::sendEvent(&shownMenu(), &event);
     }
-
-private:
-    Icons m_icons;
-    StringTable m_strings = StringTable::forLanguage(QStringLiteral("en"));
-    NativeMenu m_menu{m_icons, m_strings};
-    QStringList m_events;
-    QStringList m_queries;
-    QList<Modifiers> m_modifiers;
-    MenuChoice m_choice;
-    int m_paintings = 0;
 };
 
 TEST_F(NativeMenuTest, rowsShowTitlesLiterallyWithTheKeysOfThisKeyboard) {
@@ -243,7 +148,12 @@ TEST_F(NativeMenuTest, closedComesOnceAndBeforeWhatWasChosen) {
              xdotool({QStringLiteral("click"), QStringLiteral("1")});
          },
          chosen},
-        {"Escape", [] { pressKeys("Escape"); }, closed},
+        {"a loss of the focus that is noticed late, then Escape",
+         [] {
+             tellOfLostFocus();
+             pressKeys("Escape");
+         },
+         closed},
         {"click beside it",
          [this] {
              putPointer(QPoint(5, 5));

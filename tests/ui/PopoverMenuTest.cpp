@@ -1,9 +1,7 @@
 #include "ui/popover/PopoverMenu.h"
 
-#include "foundation/StringTable.h"
 #include "support/QtPrinting.h"
-#include "ui/Icons.h"
-#include "ui/UiDesktop.h"
+#include "ui/MenuUiTest.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -17,78 +15,10 @@ namespace quorvel {
 
 namespace {
 
-MenuItem clip(const QString& title) {
-    return {.title = title, .action = MenuAction::pasteRecentSnippet, .representedObject = title};
-}
-
-QList<MenuItem> clips(int count) {
-    QList<MenuItem> items;
-    for (int i = 0; i < count; ++i)
-        items.append(clip(QStringLiteral("clip %1").arg(i)));
-    return items;
-}
-
-MenuItem submenu(const QString& identifier, const QList<MenuItem>& items = {}) {
-    return {.title = identifier, .identifier = identifier, .submenu = items};
-}
-
-QList<MenuItem> searchable(const QStringList& titles, const QString& query = {}) {
-    QList<MenuItem> items{{.kind = MenuItemKind::searchField,
-                           .title = QStringLiteral("Search"),
-                           .representedObject = query},
-                          MenuItem::separator(),
-                          MenuItem::header(QStringLiteral("Clips"))};
-    for (const QString& title : titles) {
-        items.append(clip(title));
-        items.last().tag = pasteItemTag; // The highlight begins on the first of these.
-    }
-    return items;
-}
-
-class PopoverMenuTest : public testing::Test {
+class PopoverMenuTest : public MenuUiTest<PopoverMenu, MenuForm::popover> {
 protected:
-    PopoverMenuTest() {
-        QObject::connect(&m_menu, &MenuRenderer::painted, &m_menu, [this] { ++m_paintings; });
-        QObject::connect(&m_menu, &MenuRenderer::closed, &m_menu,
-                         [this] { m_events.append(QStringLiteral("closed")); });
-        QObject::connect(&m_menu, &MenuRenderer::chosen, &m_menu, [this](const MenuChoice& choice) {
-            m_events.append(QStringLiteral("chosen ") + choice.representedObject);
-            m_choice = choice;
-        });
-        QObject::connect(
-            &m_menu, &MenuRenderer::submenuOpening, &m_menu,
-            [this](const QString& id) { m_events.append(QStringLiteral("opening ") + id); });
-        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
-                         [this](const QString& query) { m_queries.append(query); });
-        putPointer(QPoint(200, 100));
-    }
-
-    PopoverMenu& menu() { return m_menu; }
-    const QStringList& events() const { return m_events; }
-    const QStringList& queries() const { return m_queries; }
-    const MenuChoice& choice() const { return m_choice; }
-
-    static void putPointer(QPoint position) {
-        xdotool({QStringLiteral("mousemove"), QString::number(position.x()),
-                 QString::number(position.y())});
-    }
     static void button(const char* action) {
         xdotool({QString::fromLatin1(action), QStringLiteral("1")});
-    }
-
-    void open(const QList<MenuItem>& tree) {
-        const int before = m_paintings;
-        m_menu.open(tree, MenuForm::popover);
-        ASSERT_TRUE(waitUntil([&] { return m_paintings == before + 1; }));
-    }
-
-    bool happens(const QStringList& expected) {
-        return waitUntil([&] { return m_events.size() >= expected.size(); }) &&
-               m_events == expected;
-    }
-    bool asked(const QStringList& expected) {
-        return waitUntil([&] { return m_queries.size() >= expected.size(); }) &&
-               m_queries == expected;
     }
 
     /// The shown panels, the first one first: each stands beside the one before.
@@ -124,23 +54,6 @@ protected:
         const PopoverList& list = panel.list();
         return list.mapToGlobal(list.placeOf(rowOf(panel, title)).center());
     }
-
-    /// What the program does with a search: the tree with what is found.
-    void answerSearches(const QStringList& titles) {
-        QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
-                         [this, titles](const QString& query) {
-                             m_menu.update(searchable(titles.filter(query), query));
-                         });
-    }
-
-private:
-    Icons m_icons;
-    StringTable m_strings = StringTable::forLanguage(QStringLiteral("en"));
-    PopoverMenu m_menu{m_icons, m_strings};
-    QStringList m_events;
-    QStringList m_queries;
-    MenuChoice m_choice;
-    int m_paintings = 0;
 };
 
 TEST_F(PopoverMenuTest, keysMoveTheHighlightOverRowsAndSections) {
@@ -196,6 +109,12 @@ TEST_F(PopoverMenuTest, closedComesOnceAndBeforeWhatWasChosen) {
          closed},
         {"click beside it", [&] { pressAt(QPoint(5, 5)); }, closed},
         {"close", [this] { menu().close(); }, closed},
+        {"a loss of the focus that is noticed late, then Escape",
+         [] {
+             tellOfLostFocus();
+             pressKeys("Escape");
+         },
+         closed},
     };
     MenuItem b = clip(QStringLiteral("b"));
     b.keyEquivalent = {QStringLiteral("2"), Modifier::command};
@@ -362,9 +281,6 @@ TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight)
 }
 
 TEST_F(PopoverMenuTest, modifiersAreToldAndItsHotKeyClosesItUnlessItOnlyRepeats) {
-    QList<Modifiers> told;
-    QObject::connect(&menu(), &MenuRenderer::modifiersChanged, &menu(),
-                     [&](Modifiers held) { told.append(held); });
     constexpr quint32 hotKey = 55;
     menu().setClosingKey(hotKey, Modifier::command);
     const auto focus = [] {
@@ -376,7 +292,9 @@ TEST_F(PopoverMenuTest, modifiersAreToldAndItsHotKeyClosesItUnlessItOnlyRepeats)
     open(searchable({QStringLiteral("a")}));
     EXPECT_EQ(focus(), focusBefore);
     pressKeys("Alt_L");
-    EXPECT_TRUE(waitUntil([&] { return told == QList<Modifiers>{Modifier::option, Modifiers()}; }));
+    EXPECT_TRUE(waitUntil([&] {
+        return modifiersTold() == QList<Modifiers>{Modifier::option, Modifiers()};
+    }));
     const auto send = [](QEvent::Type type, quint64 time) {
         QKeyEvent event(type, Qt::Key_V, Qt::MetaModifier, hotKey, 0, 0);
         event.setTimestamp(time);

@@ -1,6 +1,5 @@
+#include "ui/Application.h"
 #include "ui/UiDesktop.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -44,7 +43,7 @@ int main(int argc, char** argv) {
     moveTo(*desktop);
     int result = 0;
     {
-        QApplication application(argc, argv);
+        Application application(argc, argv);
         QApplication::setQuitOnLastWindowClosed(false);
         result = RUN_ALL_TESTS();
     }

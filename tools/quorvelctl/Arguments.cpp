@@ -51,6 +51,26 @@ QJsonObject positionArgument(Words& words) {
     return {{QStringLiteral("position"), position}};
 }
 
+QJsonObject pasteArguments(Words& words) {
+    const bool plain = words.takeFlag(QStringLiteral("--plain"));
+    const bool keep = words.takeFlag(QStringLiteral("--keep"));
+    QJsonObject arguments = positionArgument(words);
+    if (plain && keep)
+        words.problem = QStringLiteral("--plain and --keep do not go together");
+    if (plain || keep)
+        arguments.insert(QStringLiteral("mode"),
+                         plain ? QStringLiteral("plainText") : QStringLiteral("keepClipboard"));
+    return arguments;
+}
+
+QJsonObject toolArgument(Words& words) {
+    const auto tool = words.take();
+    if (!tool)
+        words.problem =
+            QStringLiteral("transform needs plain, trim, upper, lower or title after it");
+    return {{QStringLiteral("tool"), tool.value_or(QString())}};
+}
+
 QJsonObject queryArgument(Words& words) {
     return textArgument(words, QStringLiteral("search needs a text to search for"));
 }

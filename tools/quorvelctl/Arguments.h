@@ -36,6 +36,12 @@ QJsonObject menuArgument(Words& words);
 /// The position of a clip.
 QJsonObject positionArgument(Words& words);
 
+/// The position of a clip and how to paste it.
+QJsonObject pasteArguments(Words& words);
+
+/// The name of a way to rewrite the clipboard.
+QJsonObject toolArgument(Words& words);
+
 /// All the words as one text.
 QJsonObject queryArgument(Words& words);
 QJsonObject layoutsArgument(Words& words);

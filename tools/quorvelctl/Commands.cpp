@@ -22,7 +22,8 @@ constexpr std::array commands{
     Command{u"layouts", layoutsArgument, layoutList, true},
     Command{u"show", menuArgument, nothing},
     Command{u"copy", inputArgument, nothing},
-    Command{u"paste", positionArgument, nothing},
+    Command{u"paste", pasteArguments, nothing},
+    Command{u"transform", toolArgument, nothing},
     Command{u"pin", positionArgument, nothing},
     Command{u"unpin", positionArgument, nothing},
     Command{u"delete", positionArgument, nothing},
@@ -75,7 +76,11 @@ QString usage() {
         "                   open the menu at the pointer, in the flavour of the tray\n"
         "                   icon or of one of the hot keys\n"
         "  copy             put standard input onto the clipboard\n"
-        "  paste N          paste clip N (from 1) into the program in front\n"
+        "  paste N [--plain|--keep]\n"
+        "                   paste clip N (from 1) into the program in front; as plain\n"
+        "                   text, or with the clipboard as it was afterwards\n"
+        "  transform plain|trim|upper|lower|title\n"
+        "                   rewrite the text on the clipboard\n"
         "  pin N, unpin N   keep clip N, or no longer\n"
         "  delete N         forget clip N\n"
         "  snippets list [--json]\n"

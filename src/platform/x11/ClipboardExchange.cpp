@@ -59,6 +59,11 @@ bool ClipboardExchange::isConnectionLost() const {
     return m_connectionLost;
 }
 
+int ClipboardExchange::takeFetches() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_fetches, 0);
+}
+
 bool ClipboardExchange::isSettled() const {
     const std::lock_guard lock(m_mutex);
     return m_unconfirmed == 0;
@@ -100,6 +105,14 @@ void ClipboardExchange::countSkipped(const QString& reason) {
 void ClipboardExchange::countFailed(const QString& reason) {
     const std::lock_guard lock(m_mutex);
     ++m_activity.failed[reason];
+}
+
+void ClipboardExchange::countFetch() {
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_fetches;
+    }
+    m_wakeMain();
 }
 
 void ClipboardExchange::connectionLost() {

@@ -21,8 +21,9 @@ struct ClipboardHandover {
 
 /// What the main thread asks of the clipboard thread.
 struct ClipboardCommand {
-    enum class Kind { own, clear, offerAsPrimary, stop } kind;
+    enum class Kind { own, clear, offerAsPrimary, expectReader, stop } kind;
     ClipboardSnapshotItem content;
+    quint32 reader = 0; ///< A window of the program that is about to be told to paste.
 };
 
 /// The one place that both threads touch. Contents are handed over in the order in which they
@@ -41,6 +42,7 @@ public:
     std::deque<std::shared_ptr<ClipboardHandover>> takeHandoversAndPost(ClipboardCommand command);
     PasteboardActivity activity() const;
     bool isConnectionLost() const;
+    int takeFetches(); ///< How many expected readers have got their content since the last call.
 
     /// Whether the display server has carried out every command that was posted.
     bool isSettled() const;
@@ -53,6 +55,7 @@ public:
     bool handOver(std::shared_ptr<ClipboardHandover> handover);
     void countSkipped(const QString& reason);
     void countFailed(const QString& reason);
+    void countFetch();
     void connectionLost();
 
     // Any thread
@@ -68,6 +71,7 @@ private:
     int m_unconfirmed = 0; ///< Commands posted and not yet carried out.
     std::deque<std::shared_ptr<ClipboardHandover>> m_handovers;
     PasteboardActivity m_activity;
+    int m_fetches = 0;
     bool m_connectionLost = false;
 };
 

@@ -300,10 +300,22 @@ void ClipboardThread::confirmCommand() {
     m_exchange.confirmCommand();
 }
 
+/// It may paste from either selection.
+void ClipboardThread::expectReader(xcb_window_t window, xcb_timestamp_t time) {
+    const auto fetched = [this, isTold = std::make_shared<bool>(false)] {
+        if (!std::exchange(*isTold, true))
+            m_exchange.countFetch();
+    };
+    m_server->expectReader(window, time, fetched);
+    m_primaryServer->expectReader(window, time, fetched);
+}
+
 void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t time) {
     using Kind = ClipboardCommand::Kind;
     if (command.kind == Kind::offerAsPrimary)
         return m_primaryServer->own(command.content, time);
+    if (command.kind == Kind::expectReader)
+        return expectReader(command.reader, time);
     abandonTransfer(overtakenReason);
     m_lastForeign.reset();
     if (command.kind == Kind::own)

@@ -41,6 +41,7 @@ private:
     void handleCommands();
     void askForTime();
     void carryOut(const ClipboardCommand& command, xcb_timestamp_t time);
+    void expectReader(xcb_window_t window, xcb_timestamp_t time);
     void confirmCommand();
     void startTransfer(xcb_timestamp_t time, bool wasThereAtStart);
     void abandonTransfer(const QString& reason);

@@ -16,6 +16,12 @@ constexpr auto outgoingPatience = std::chrono::seconds(10);
 constexpr qsizetype mostEarlierOffers = 8;
 constexpr qsizetype mostEarlierBytes = 32 * 1024 * 1024;
 
+/// For how long after the keys a program may begin to ask for what was pasted.
+constexpr auto readerPatience = std::chrono::seconds(3);
+
+/// A program asks for types and content several times; after so long without a question it has all.
+constexpr auto readerSilence = std::chrono::milliseconds(150);
+
 qsizetype sizeOf(const ClipboardSnapshotItem& item) {
     qsizetype size = 0;
     for (const PasteboardRepresentation& representation : item.payloadByType)
@@ -47,6 +53,50 @@ void SelectionServer::giveUp(xcb_timestamp_t time) {
 
 void SelectionServer::lost() {
     m_offers.clear();
+    m_readers.clear();
+}
+
+void SelectionServer::expectReader(xcb_window_t window, xcb_timestamp_t time,
+                                   std::function<void()> fetched) {
+    if (isOwner())
+        m_readers.push_back({clientOf(window), time, ownedSince(), Clock::now() + readerPatience,
+                             std::move(fetched)});
+}
+
+/// The server gives each client a range of identifiers of its own.
+quint32 SelectionServer::clientOf(xcb_window_t window) const {
+    return window & ~xcb_get_setup(m_connection)->resource_id_mask;
+}
+
+/// Of several pastes, a request that bears a time belongs to the last one before it; without one
+/// they are served in their order.
+SelectionServer::Reader* SelectionServer::readerFor(const xcb_selection_request_event_t& event) {
+    m_readers.remove_if([now = Clock::now()](const Reader& reader) { return reader.end <= now; });
+    const quint32 client = clientOf(event.requestor);
+    Reader* found = nullptr;
+    for (Reader& reader : m_readers) {
+        const bool isTimed = event.time != XCB_CURRENT_TIME;
+        if (reader.client != client || (isTimed && isLater(reader.toldAt, event.time)))
+            continue;
+        found = &reader;
+        if (!isTimed)
+            break;
+    }
+    return found;
+}
+
+void SelectionServer::serve(Reader& reader, xcb_atom_t target) {
+    if (target == m_atoms.atom(QStringLiteral("TARGETS")) ||
+        target == m_atoms.atom(QStringLiteral("TIMESTAMP")))
+        return;
+    reader.end = Clock::now() + readerSilence;
+    if (const auto fetched = std::exchange(reader.fetched, {}))
+        fetched();
+}
+
+const SelectionServer::Offer& SelectionServer::offerFor(const Reader* reader,
+                                                        xcb_timestamp_t time) const {
+    return offerAt(reader ? reader->offeredSince : time);
 }
 
 xcb_timestamp_t SelectionServer::ownedSince() const {
@@ -56,9 +106,14 @@ xcb_timestamp_t SelectionServer::ownedSince() const {
 void SelectionServer::trimOffers() {
     qsizetype bytes = 0;
     qsizetype keep = 0;
+    const auto isAwaited = [this](const Offer& offer) {
+        return std::any_of(m_readers.begin(), m_readers.end(), [&](const Reader& reader) {
+            return reader.offeredSince == offer.since;
+        });
+    };
     for (qsizetype i = m_offers.size() - 2; i >= 0 && keep < mostEarlierOffers; --i, ++keep) {
         bytes += sizeOf(m_offers.at(i).content);
-        if (bytes > mostEarlierBytes)
+        if (bytes > mostEarlierBytes && !isAwaited(m_offers.at(i)))
             break;
     }
     m_offers.remove(0, m_offers.size() - 1 - keep);
@@ -81,8 +136,11 @@ void SelectionServer::handle(const xcb_selection_request_event_t& event) {
     answer.target = event.target;
     // Very old clients name no property; the target's name serves then.
     const xcb_atom_t property = event.property == XCB_ATOM_NONE ? event.target : event.property;
+    Reader* reader = readerFor(event);
     const bool done =
-        isOwner() && convert(offerAt(event.time), event.requestor, event.target, property);
+        isOwner() && convert(offerFor(reader, event.time), event.requestor, event.target, property);
+    if (done && reader)
+        serve(*reader, event.target);
     answer.property = done ? property : xcb_atom_t(XCB_ATOM_NONE);
     xcb_send_event(m_connection, 0, event.requestor, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&answer));

@@ -6,6 +6,7 @@
 #include <xcb/xcb.h>
 
 #include <chrono>
+#include <functional>
 #include <list>
 #include <optional>
 
@@ -13,7 +14,8 @@ namespace quorvel {
 
 /// Answers other programs' requests for one selection that we own: any type, several at once, and
 /// large content in pieces. Keeps the last few contents, so that a request that carries an older
-/// time stamp gets what was there at that time. Clipboard thread only.
+/// time stamp, or one of a program that was told to paste, gets what was there at that time.
+/// Clipboard thread only.
 class SelectionServer {
 public:
     using Clock = std::chrono::steady_clock;
@@ -29,6 +31,11 @@ public:
 
     /// Somebody else has it now: the contents are forgotten.
     void lost();
+
+    /// The program of this window is about to be told to paste: what is offered now is what it
+    /// gets, even if it asks late and the content is another one by then. `fetched` is called when
+    /// it has the content, once.
+    void expectReader(xcb_window_t window, xcb_timestamp_t time, std::function<void()> fetched);
 
     bool isOwner() const { return !m_offers.isEmpty(); }
     xcb_timestamp_t ownedSince() const;
@@ -57,6 +64,19 @@ private:
         Clock::time_point lastSign = Clock::now();
     };
 
+    /// A program that was told to paste.
+    struct Reader {
+        quint32 client; ///< The bits that all its windows have in common.
+        xcb_timestamp_t toldAt;
+        xcb_timestamp_t offeredSince;
+        Clock::time_point end; ///< From then on it gets what everybody gets.
+        std::function<void()> fetched;
+    };
+
+    quint32 clientOf(xcb_window_t window) const;
+    Reader* readerFor(const xcb_selection_request_event_t& event);
+    void serve(Reader& reader, xcb_atom_t target);
+    const Offer& offerFor(const Reader* reader, xcb_timestamp_t time) const;
     const Offer& offerAt(xcb_timestamp_t time) const;
     bool convert(const Offer& offer, xcb_window_t requestor, xcb_atom_t target,
                  xcb_atom_t property);
@@ -74,7 +94,8 @@ private:
     AtomTable& m_atoms;
     const xcb_window_t m_window;
     const xcb_atom_t m_selection;
-    QList<Offer> m_offers; ///< Oldest first; the last one is the present content.
+    QList<Offer> m_offers;       ///< Oldest first; the last one is the present content.
+    std::list<Reader> m_readers; ///< In the order in which they were told.
     std::list<Outgoing> m_outgoing;
 };
 

@@ -64,6 +64,7 @@ bool X11KeyPoster::prepare(Job& job, xcb_window_t focus) {
         job.chord = pasteChordFor(m_windows.classOf(m_windows.topWindow(focus)));
         if (job.chord.needsPrimary)
             m_clipboard.offerPrimary();
+        m_clipboard.expectReader(focus);
         job.releaseEnd = Steady::now() + m_limits.release;
         job.tables = X11KeyTables::read(m_connection.xcb());
         m_connection.keepArrivedEvents();

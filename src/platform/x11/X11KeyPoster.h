@@ -29,6 +29,9 @@ public:
         /// posted to a program that pastes from there.
         std::function<void()> offerPrimary;
 
+        /// Tells it that the program of this window is about to paste.
+        std::function<void(quint32)> expectReader;
+
         /// Whether the server knows of everything that was written; no key is posted before.
         std::function<bool()> isSettled;
     };

@@ -99,6 +99,10 @@ void X11Pasteboard::offerAsPrimary() {
     m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
 }
 
+void X11Pasteboard::expectReader(quint32 window) {
+    m_exchange->post({ClipboardCommand::Kind::expectReader, {}, window});
+}
+
 bool X11Pasteboard::isSettled() const {
     return m_exchange->isSettled();
 }
@@ -106,6 +110,8 @@ bool X11Pasteboard::isSettled() const {
 void X11Pasteboard::receive() {
     while (const auto handover = m_exchange->takeHandover())
         take(*handover);
+    for (int fetches = m_exchange->takeFetches(); fetches > 0; --fetches)
+        emit fetched();
     if (m_connected && m_exchange->isConnectionLost()) {
         m_connected = false;
         emit connectionLost();

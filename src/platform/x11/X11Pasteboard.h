@@ -34,6 +34,10 @@ public:
     /// take that one.
     void offerAsPrimary();
 
+    /// The program of this window is about to be told to paste: it gets what is here now, however
+    /// late it asks and whatever has been written since.
+    void expectReader(quint32 window);
+
     /// Whether the server has carried out everything that was written here: a paste key pressed
     /// now gets the new content.
     bool isSettled() const;

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "clipboard/PasteboardWatcher.h"
+#include "foundation/MainQueue.h"
+#include "paste/FocusTracker.h"
+#include "platform/KeyPoster.h"
+#include "platform/Pasteboard.h"
+
+#include <QObject>
+
+#include <deque>
+#include <optional>
+
+namespace quorvel {
+
+/// What is on the pasteboard when a paste is done.
+enum class Afterwards { pasted, whatWasBefore };
+
+/// Brings contents into the program the user was working in, one after the other: writes each to
+/// the pasteboard as a write of our own, gives that program the focus back, presses its paste keys
+/// and, when asked to, puts back what was on the pasteboard before.
+class PasteDelivery final : public QObject {
+    Q_OBJECT
+
+public:
+    PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher, FocusTracker& focus,
+                  Workspace& workspace, KeyPoster& keys, MainQueue& mainQueue);
+
+    /// At once, or when the pastes that were asked for before are done: a paste that overtakes
+    /// another would put its own content in the place of that one's.
+    void deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards);
+
+    /// From the focus coming back to the keys, so that the program has settled.
+    static constexpr std::chrono::milliseconds targetedDelay{80};
+
+    /// The same when no target is known.
+    static constexpr std::chrono::milliseconds untargetedDelay{120};
+
+    /// From the write to the return of what was on the pasteboard before.
+    static constexpr std::chrono::milliseconds restoreDelay{120};
+
+    /// How long the next paste waits for the target to fetch this one.
+    static constexpr std::chrono::milliseconds fetchPatience{1000};
+
+signals:
+    /// Keys cannot be posted on this desktop; told once until they could be. The content is on the
+    /// pasteboard.
+    void permissionMissing();
+
+    /// The keys were pressed, or were not because the target lost the focus; then the content is
+    /// on the pasteboard, whatever was there before.
+    void keysPosted(quorvel::PostOutcome outcome);
+
+private:
+    struct Delivery {
+        QList<ClipboardSnapshotItem> items;
+        Afterwards afterwards = Afterwards::pasted;
+        QList<ClipboardSnapshotItem> before = {};
+        qint64 written = 0; ///< The change count.
+        bool arePosted = false;
+        bool isFetched = false;
+        bool isRestoreDue = false;
+        bool isRestored = false;
+    };
+
+    void startNext();
+    void write(const QList<ClipboardSnapshotItem>& items);
+    bool mayPressKeys();
+    void pressKeys();
+    void keysDone(PostOutcome outcome);
+    void mark(bool Delivery::*step);
+    void advance();
+    void restore();
+    void finish();
+
+    Pasteboard& m_pasteboard;
+    PasteboardWatcher& m_watcher;
+    FocusTracker& m_focus;
+    Workspace& m_workspace;
+    KeyPoster& m_keys;
+    MainQueue& m_mainQueue;
+    std::optional<Delivery> m_current;
+    std::deque<Delivery> m_waiting;
+    WorkItem m_restoreTimer;
+    WorkItem m_patience;
+    bool m_hasShownPastePermissionAlert = false;
+};
+
+} // namespace quorvel

@@ -1,0 +1,105 @@
+#include "ui/PopupMenu.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+namespace quorvel {
+
+void PopupMenu::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
+    m_keyboard.setClosingKey(nativeKeyCode, modifiers);
+}
+
+void PopupMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
+    close();
+    m_phase = Phase::open;
+    m_reason = nullptr;
+    show(tree);
+}
+
+void PopupMenu::warmUp(const QList<MenuItem>& tree, MenuForm /*form*/) {
+    if (m_phase == Phase::closed)
+        prepare(tree);
+}
+
+void PopupMenu::close() {
+    end("asked");
+}
+
+/// Also ends a showing whose windows have gone already.
+void PopupMenu::end(const char* reason) {
+    if (isOpen()) {
+        m_reason = reason;
+        hide();
+    }
+    finish();
+}
+
+Modifiers PopupMenu::currentModifiers() const {
+    return modifiersFrom(QGuiApplication::queryKeyboardModifiers());
+}
+
+PopupMenu::KeyUse PopupMenu::pressed(const QKeyEvent& press) {
+    if (isModifierKey(press.key())) {
+        modifierPressed(press);
+        return KeyUse::taken;
+    }
+    const MenuKeyboard::Press meant =
+        m_keyboard.pressed(press, [this](const auto& matches) { return find(matches); });
+    if (meant.meaning == MenuKeyboard::Meaning::closes)
+        end("hot key");
+    else if (meant.meaning == MenuKeyboard::Meaning::chooses)
+        choose(meant.item);
+    return meant.meaning == MenuKeyboard::Meaning::nothing ? KeyUse::free : KeyUse::taken;
+}
+
+/// The state that comes with the event is the one before it.
+void PopupMenu::modifierPressed(const QKeyEvent& press) {
+    if (isOpen() && !press.isAutoRepeat())
+        emit modifiersChanged(currentModifiers() | modifierOf(press.key()));
+}
+
+void PopupMenu::released(const QKeyEvent& release) {
+    m_keyboard.released(release);
+    if (isOpen() && isModifierKey(release.key()) && !release.isAutoRepeat())
+        emit modifiersChanged(currentModifiers());
+}
+
+void PopupMenu::choose(const MenuItem& item) {
+    if (m_phase == Phase::closed)
+        return;
+    m_choice = choiceOf(item);
+    m_reason = "chosen";
+    hide();
+}
+
+/// The modifiers are those of the key press or click; by now they may be up.
+MenuChoice PopupMenu::choiceOf(const MenuItem& item) {
+    return {item.action, item.representedObject,
+            modifiersFrom(QGuiApplication::keyboardModifiers())};
+}
+
+void PopupMenu::hidden() {
+    if (!isOpen())
+        return;
+    m_phase = Phase::ending;
+    emit ending(QString::fromLatin1(m_reason ? m_reason : "system"));
+    QMetaObject::invokeMethod(this, &PopupMenu::finish, Qt::QueuedConnection);
+}
+
+void PopupMenu::finish() {
+    if (m_phase != Phase::ending)
+        return;
+    m_phase = Phase::closed;
+    const auto choice = std::exchange(m_choice, std::nullopt);
+    QMetaObject::invokeMethod(this, &PopupMenu::releaseWhenClosed, Qt::QueuedConnection);
+    emit closed();
+    if (choice)
+        emit chosen(*choice);
+}
+
+void PopupMenu::releaseWhenClosed() {
+    if (m_phase == Phase::closed)
+        release();
+}
+
+} // namespace quorvel

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "support/raw/RawDisplay.h"
+
+#include <chrono>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace quorvel::raw {
+
+struct TargetOptions {
+    std::string windowClass = "RawTarget";
+    std::chrono::milliseconds delay{0}; ///< From the paste keys to the question.
+    bool isTimeless = false;            ///< The questions bear no time stamp.
+    int keysUntilExit = 0;              ///< Ends itself on so many paste keys; 0 for never.
+};
+
+extern const char* const targetUsage;
+
+TargetOptions targetOptions(const std::vector<std::string>& arguments);
+
+/// A program with one window that pastes text on Control+V, as slowly as it is told.
+class Target {
+public:
+    explicit Target(TargetOptions options);
+
+    /// Returns when it was told to end itself.
+    void run();
+
+private:
+    using Clock = std::chrono::steady_clock;
+    struct Question {
+        Clock::time_point due;
+        xcb_timestamp_t time;
+    };
+
+    void createWindow();
+    bool isOver() const;
+    void askWhatIsDue();
+    int millisecondsToNext() const;
+    void handle(const xcb_generic_event_t& event);
+    void keyPressed(const xcb_key_press_event_t& press);
+    void answered(const xcb_selection_notify_event_t& answer);
+
+    const TargetOptions m_options;
+    RawDisplay m_display;
+    xcb_window_t m_window = XCB_WINDOW_NONE;
+    std::deque<Question> m_questions;
+    int m_keys = 0;
+};
+
+} // namespace quorvel::raw
