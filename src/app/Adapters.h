@@ -6,6 +6,7 @@
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/KeyPoster.h"
+#include "platform/KeyboardLayouts.h"
 #include "platform/Pasteboard.h"
 #include "platform/SelectedText.h"
 #include "platform/Terminal.h"
@@ -23,6 +24,7 @@ struct Adapters {
     KeyPoster& keyPoster;
     SelectedText& selectedText;
     HotKeyCenter& hotKeys;
+    KeyboardLayouts& keyboardLayouts;
     TrayIcon& statusItem;
     MenuRenderer& menu;
     TextEditor& textEditor;

@@ -47,6 +47,10 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
     , m_searchTexts(m_preferences)
     , m_textAnalyses(m_adapters.textServices.dataDetector())
+    , m_layoutVariants(m_adapters.keyboardLayouts)
+    , m_layoutCycle(m_layoutVariants, m_preferences)
+    , m_layoutRetyping({m_selectionTaker, m_layoutCycle, m_adapters.keyboardLayouts, m_pasteEngine,
+                        m_adapters.pasteboard, m_history})
     , m_menu({.content = menuContent(),
               .history = m_history,
               .snippets = m_store,
@@ -66,6 +70,7 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     wireMenu();
     wireMenuCommands();
     wirePaste();
+    wireTextTools();
     wireStores();
     wireControl();
 }
@@ -181,7 +186,8 @@ MenuContent AppDelegate::menuContent() const {
             m_environment.clock,
             m_shownTexts,
             m_searchTexts,
-            m_textAnalyses};
+            m_textAnalyses,
+            m_layoutVariants};
 }
 
 void AppDelegate::wireMenu() {
@@ -211,8 +217,23 @@ void AppDelegate::wireStores() {
     connect(&m_store, &SnippetStore::creationNotSaved, this, &AppDelegate::reportUnsavedCreation);
 }
 
-void AppDelegate::wirePaste() {
+void AppDelegate::wireTextTools() {
+    m_hotKeyCommands.setHandler(HotKeyId::appendSelection, [this] {
+        logLine(QStringLiteral("[Quorvel AppendCopy] hotkey received"));
+        m_appendCopy.append();
+    });
+    m_hotKeyCommands.setHandler(HotKeyId::cycleKeyboardLayout,
+                                [this] { m_layoutRetyping.retype(); });
     connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
+    connect(&m_layoutRetyping, &LayoutRetyping::impossible, this, [this] {
+        const StringTable& strings = m_environment.strings;
+        m_adapters.desktop.showNotice(
+            {QStringLiteral("keyboard"), strings.text(QStringLiteral("layouts.nothingToRetype")),
+             strings.text(QStringLiteral("layouts.nothingToRetype.advice"))});
+    });
+}
+
+void AppDelegate::wirePaste() {
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
     connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, &AppDelegate::reportPost);
     connect(&m_hotKeyCommands, &HotKeyCommands::keysPosted, this, &AppDelegate::reportPost);

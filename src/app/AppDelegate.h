@@ -15,6 +15,7 @@
 #include "paste/AppendCopy.h"
 #include "paste/GlobalHotKeys.h"
 #include "paste/PasteEngine.h"
+#include "paste/layouts/LayoutRetyping.h"
 #include "smart/SmartDetector.h"
 #include "smart/masking/ShownTexts.h"
 #include "snippets/SnippetStore.h"
@@ -70,6 +71,7 @@ private:
     void wireMenu();
     void wireMenuCommands();
     void wirePaste();
+    void wireTextTools();
     void wireStores();
     void wireControl();
     void openGeneralSettings();
@@ -104,6 +106,9 @@ private:
     FolderSnippets m_folderSnippets;
     SearchTexts m_searchTexts;
     TextAnalyses m_textAnalyses;
+    KeyboardLayoutVariants m_layoutVariants;
+    LayoutCycle m_layoutCycle;
+    LayoutRetyping m_layoutRetyping;
     StatusMenuController m_menu;
     MenuPreparation m_menuPreparation;
     ContextCommands m_contextCommands;

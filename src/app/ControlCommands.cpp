@@ -1,6 +1,7 @@
 #include "app/ControlCommands.h"
 
 #include "app/ControlledClips.h"
+#include "app/ControlledLayouts.h"
 #include "app/ControlledSnippets.h"
 #include "app/StatusReport.h"
 
@@ -51,6 +52,7 @@ constexpr std::array commands{
     Command{"snippets add", controlled::addSnippet},
     Command{"snippets remove", controlled::removeSnippet},
     Command{"snippets paste", controlled::pasteSnippet},
+    Command{"layouts", controlled::readLayouts},
     Command{"show", show},
     Command{"status", status},
     Command{"quit", quit},

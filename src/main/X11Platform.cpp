@@ -4,6 +4,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeyPoster.h"
+#include "platform/x11/X11KeyboardLayouts.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11SelectedText.h"
 #include "platform/x11/X11TrayWatcher.h"
@@ -24,6 +25,7 @@ struct X11Platform::Parts {
         : desktopFiles(DesktopSources::fromEnvironment(), clock, background)
         , workspace(connection, desktopFiles)
         , hotKeys(connection.root())
+        , keyboardLayouts(connection)
         , keyPoster(connection, mainQueue, hotKeys,
                     {[this] { pasteboard.offerAsPrimary(); },
                      [this](quint32 window) { pasteboard.expectReader(window); },
@@ -45,6 +47,7 @@ struct X11Platform::Parts {
     DesktopFiles desktopFiles;
     X11Workspace workspace;
     X11HotKeyCenter hotKeys;
+    X11KeyboardLayouts keyboardLayouts; // behind the workspace, whose events it adds to
     X11KeyPoster keyPoster;
     X11SelectedText selectedText;
     Icons icons;
@@ -74,6 +77,7 @@ Adapters X11Platform::adapters() {
             .keyPoster = m_parts->keyPoster,
             .selectedText = m_parts->selectedText,
             .hotKeys = m_parts->hotKeys,
+            .keyboardLayouts = m_parts->keyboardLayouts,
             .statusItem = m_parts->statusItem,
             .menu = m_parts->menu,
             .textEditor = m_parts->textEditor,

@@ -3,6 +3,7 @@
 #include "menu/ClipDetails.h"
 #include "menu/ClipItems.h"
 #include "menu/ContextRows.h"
+#include "menu/LayoutItems.h"
 #include "menu/RowSource.h"
 #include "menu/Submenus.h"
 #include "paste/PasteOption.h"
@@ -101,6 +102,7 @@ QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& b
                    item.representedObject.endsWith(rawName(PasteOption::withEdit));
         });
     items += section(contextItems(entry.text, build));
+    items += layoutItems(entry.text, shownText(entry, build.content()), build);
     if (build.content().history.entry(entry.id))
         items += section(pinItems(entry, build));
     return items;
@@ -115,7 +117,8 @@ QList<MenuItem> advancedItems(QStringView representedObject, const MenuBuild& bu
     if (const Snippet* snippet = build.content().snippets.snippet(source.id))
         return pasteItems(snippetItem(*snippet, source.group, build),
                           snippetText(source.group, source.id), build) +
-               section(contextItems(snippet->text, build));
+               section(contextItems(snippet->text, build)) +
+               layoutItems(snippet->text, shownText(*snippet, build.content()), build);
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include "menu/FolderSnippets.h"
 #include "menu/MenuVariant.h"
 #include "menu/search/SearchTexts.h"
+#include "paste/layouts/KeyboardLayoutVariants.h"
 #include "platform/Pasteboard.h"
 #include "smart/context/TextAnalyses.h"
 #include "smart/masking/ShownTexts.h"
@@ -25,6 +26,7 @@ struct MenuContent {
     const ShownTexts& shownTexts;
     const SearchTexts& searchTexts;
     const TextAnalyses& textAnalyses;
+    const KeyboardLayoutVariants& layoutVariants;
 
     QString text(const char* key) const { return strings.text(QString::fromLatin1(key)); }
 };

@@ -1,6 +1,7 @@
 #include "CoreRig.h"
 #include "FakeHotKeyCenter.h"
 #include "FakeKeyPoster.h"
+#include "FakeKeyboardLayouts.h"
 #include "FakeSelectedText.h"
 #include "FakeUi.h"
 
@@ -35,7 +36,8 @@ struct Program {
         , delegate(
               {paths, clock, mainQueue, disk, StringTable::forLanguage(QStringLiteral("en")), 1},
               {QStringLiteral("fake"), pasteboard, workspace, keyPoster, selectedText, hotKeys,
-               statusItem, menu, textEditor, desktop, terminal, appearance, textServices}) {}
+               layouts, statusItem, menu, textEditor, desktop, terminal, appearance,
+               textServices}) {}
 
     void copy(const QString& text) {
         pasteboard.copyFromOutside(text);
@@ -51,6 +53,7 @@ struct Program {
     FakeKeyPoster keyPoster;
     FakeSelectedText selectedText{pasteboard};
     FakeHotKeyCenter hotKeys;
+    FakeKeyboardLayouts layouts;
     FakeStatusItem statusItem;
     FakeMenuRenderer menu;
     FakeTextEditor textEditor;
@@ -325,6 +328,27 @@ TEST_F(AppDelegateTest, TheControlSocketReachesClips) {
                     {{QStringLiteral("menu"), QStringLiteral("translate")}})
                     .isOk());
     EXPECT_EQ(program.menu.tree.size(), 1);
+}
+
+TEST_F(AppDelegateTest, TheControlSocketTellsOfLayouts) {
+    Program program(home.path());
+    program.layouts.configure(
+        {FakeKeyboardLayouts::layout(QStringLiteral("us"), QStringLiteral("ghbdtn")),
+         FakeKeyboardLayouts::layout(QStringLiteral("ru"), QStringLiteral("привет"))});
+    ASSERT_TRUE(program.delegate.applicationDidFinishLaunching());
+    const auto reading = [&](const QString& text) {
+        const auto reply =
+            ask(program, QStringLiteral("layouts"), {{QStringLiteral("text"), text}});
+        return QString::fromUtf8(
+            QJsonDocument(reply.result.toObject()).toJson(QJsonDocument::Compact));
+    };
+    const QString start = QStringLiteral(R"({"active":"us","layouts":[{"id":"us","name":"US"},)"
+                                         R"({"id":"ru","name":"RU"}],"source":)");
+    EXPECT_EQ(reading(QStringLiteral("ghbdtn")),
+              start + QStringLiteral(R"({"id":"us","name":"US"},"variants":[{"id":"ru",)"
+                                     R"("likelihood":"likely","name":"RU","text":"привет"}]})"));
+    EXPECT_EQ(reading(QStringLiteral("漢字")), start + QStringLiteral(R"(null,"variants":[]})"));
+    EXPECT_EQ(reading(QStringLiteral(" ")), QStringLiteral("{}")) << "refused";
 }
 
 TEST_F(AppDelegateTest, TheControlSocketReachesSnippets) {

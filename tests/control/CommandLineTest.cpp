@@ -43,6 +43,8 @@ TEST(CommandLine, SaysWhatIsAskedOrWhatIsWrong) {
         {"show copy --json", "! \"--json\" is one word too many"},
         {"search two words --json", "search {\"text\":\"two words\"} as JSON"},
         {"search --json", "! search needs a text to search for"},
+        {"layouts ghbdtn vbh --json", "layouts {\"text\":\"ghbdtn vbh\"} as JSON"},
+        {"layouts", "! layouts needs a text to convert"},
         {"copy", "copy {\"text\":\"in\"}"},
         {"copy x", "! \"x\" is one word too many"},
         {"paste 2 --keep", "paste {\"mode\":\"keepClipboard\",\"position\":2}"},
@@ -81,6 +83,17 @@ TEST(CommandLine, ResultsAreReadable) {
     EXPECT_EQ(foundList(value(R"([{"kind": "clip", "position": 7, "title": "a"},
                                   {"kind": "snippet", "id": "ID", "title": "b"}])")),
               QStringLiteral("clip 7  a\nsnippet ID  b\n"));
+    const auto layouts = [](const char* text) {
+        return layoutList(QJsonDocument::fromJson(text).object());
+    };
+    EXPECT_EQ(layouts(R"({"layouts": [{"id": "us"}], "source": null})"),
+              QStringLiteral("Fewer than two keyboard layouts are configured.\n"));
+    EXPECT_EQ(layouts(R"({"layouts": [{}, {}], "source": null})"),
+              QStringLiteral("No configured layout has keys for this text.\n"));
+    EXPECT_EQ(layouts(R"({"layouts": [{}, {}], "source": {"id": "us", "name": "English"},
+                          "variants": [{"id": "ru", "name": "Russian", "text": "a\nb",
+                                        "likelihood": "likely"}]})"),
+              QStringLiteral("typed in English [us]\nRussian [ru], likely: a b\n"));
 }
 
 } // namespace quorvel::ctl

@@ -2,6 +2,7 @@
 #include "MenuRig.h"
 
 #include "menu/ClipItems.h"
+#include "paste/ContextPastePayload.h"
 
 #include <QStringBuilder>
 
@@ -157,6 +158,36 @@ TEST_F(SubmenusTest, OptionModeKnowsWhatSuitsPicturesAndSnippets) {
         EXPECT_EQ(plain.action, action);
         EXPECT_EQ(plain.representedObject, representedObject + QStringLiteral("|plainText"));
     }
+}
+
+TEST_F(SubmenusTest, TextsCanBePastedAsTypedInAnotherLayout) {
+    layouts.configure(
+        {FakeKeyboardLayouts::layout(QStringLiteral("us"), QStringLiteral("ghbdtnz")),
+         FakeKeyboardLayouts::layout(QStringLiteral("ru"), QStringLiteral("приветя")),
+         FakeKeyboardLayouts::layout(QStringLiteral("de"), QStringLiteral("ghbdtny"))});
+    const auto rows = [&](const QString& source) {
+        QList<MenuItem> list = items(advancedIdentifier % source);
+        list.removeIf(
+            [](const MenuItem& item) { return item.action != MenuAction::pasteContextValue; });
+        return list;
+    };
+    insert(QStringLiteral("ghbdtn"));
+    const QList<MenuItem> clip = rows(idText(first().id));
+    EXPECT_EQ(outlineOf(clip), QStringLiteral("Paste as Typed in RU"));
+    EXPECT_EQ(clip.first().detail, QStringLiteral("привет"));
+    EXPECT_EQ(ContextPastePayload::fromText(clip.first().representedObject),
+              (ContextPastePayload{QStringLiteral("привет"), QStringLiteral("ru")}));
+    insert(QStringLiteral("zhzhzh"));
+    EXPECT_EQ(outlineOf(rows(idText(first().id))), QStringLiteral("Paste as Typed in RU"))
+        << "no nonsense of the same script";
+    insert(QStringLiteral("ghbdtn ").repeated(300));
+    EXPECT_EQ(outlineOf(rows(idText(first().id))), QString());
+    EXPECT_EQ(outlineOf(rows(idText(addSnippet(QStringLiteral("s"), QStringLiteral("dtn"))))),
+              QStringLiteral("Paste as Typed in RU"));
+    insert(QStringLiteral("password: Hunter2Hunter2gh"));
+    const MenuItem secret = rows(idText(first().id)).value(0);
+    EXPECT_EQ(secret.detail + secret.toolTip, QString()) << "hidden in every layout";
+    EXPECT_NE(secret.representedObject, QString());
 }
 
 TEST_F(SubmenusTest, RowsInFoldersLeadToTheSameActions) {

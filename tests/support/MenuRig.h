@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreRig.h"
+#include "FakeKeyboardLayouts.h"
 
 #include "menu/MenuPreparation.h"
 #include "menu/StatusMenu.h"
@@ -17,8 +18,11 @@ struct MenuRig : CoreRig {
     ShownTexts shownTexts;
     SearchTexts searchTexts{preferences};
     TextAnalyses textAnalyses{textServices.dataDetector()};
-    MenuContent content{history, smartFolders, snippets,   folderSnippets, pasteboard,  preferences,
-                        strings, clock,        shownTexts, searchTexts,    textAnalyses};
+    FakeKeyboardLayouts layouts;
+    KeyboardLayoutVariants layoutVariants{layouts};
+    MenuContent content{history,    smartFolders, snippets,     folderSnippets,
+                        pasteboard, preferences,  strings,      clock,
+                        shownTexts, searchTexts,  textAnalyses, layoutVariants};
 
     QUuid addSnippet(const QString& title, const QString& text, const QUuid& group = {},
                      const std::optional<SnippetShortcut>& keys = {}) {

@@ -2,6 +2,18 @@
 
 namespace quorvel::ctl {
 
+namespace {
+
+QJsonObject textArgument(Words& words, const QString& complaint) {
+    const QString text = words.rest.join(u' ');
+    words.rest.clear();
+    if (text.trimmed().isEmpty())
+        words.problem = complaint;
+    return {{QStringLiteral("text"), text}};
+}
+
+} // namespace
+
 std::optional<QString> Words::take() {
     return rest.isEmpty() ? std::nullopt : std::optional(rest.takeFirst());
 }
@@ -60,11 +72,11 @@ QJsonObject toolArgument(Words& words) {
 }
 
 QJsonObject queryArgument(Words& words) {
-    const QString query = words.rest.join(u' ');
-    words.rest.clear();
-    if (query.trimmed().isEmpty())
-        words.problem = QStringLiteral("search needs a text to search for");
-    return {{QStringLiteral("text"), query}};
+    return textArgument(words, QStringLiteral("search needs a text to search for"));
+}
+
+QJsonObject layoutsArgument(Words& words) {
+    return textArgument(words, QStringLiteral("layouts needs a text to convert"));
 }
 
 QJsonObject inputArgument(Words& words) {

@@ -44,6 +44,7 @@ QJsonObject toolArgument(Words& words);
 
 /// All the words as one text.
 QJsonObject queryArgument(Words& words);
+QJsonObject layoutsArgument(Words& words);
 
 QJsonObject inputArgument(Words& words);
 QJsonObject newSnippetArguments(Words& words);

@@ -19,6 +19,7 @@ struct Command {
 constexpr std::array commands{
     Command{u"list", noArguments, clipList, true},
     Command{u"search", queryArgument, foundList, true},
+    Command{u"layouts", layoutsArgument, layoutList, true},
     Command{u"show", menuArgument, nothing},
     Command{u"copy", inputArgument, nothing},
     Command{u"paste", pasteArguments, nothing},
@@ -69,6 +70,9 @@ QString usage() {
         "  list [--json]    the clips, newest first\n"
         "  search TEXT [--json]\n"
         "                   the clips and snippets in which TEXT is found\n"
+        "  layouts TEXT [--json]\n"
+        "                   the keyboard layout in which TEXT was typed, and TEXT as it\n"
+        "                   would be in the others\n"
         "  show [main|paste|copy|translate]\n"
         "                   open the menu at the pointer, in the flavour of the tray\n"
         "                   icon or of one of the hot keys\n"

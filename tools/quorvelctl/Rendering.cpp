@@ -50,6 +50,17 @@ QString foundRow(const QJsonObject& found) {
              titleOf(textOf(found, QStringLiteral("title"))));
 }
 
+QString layoutName(const QJsonObject& layout) {
+    return QStringLiteral("%1 [%2]").arg(textOf(layout, QStringLiteral("name")),
+                                         textOf(layout, QStringLiteral("id")));
+}
+
+QString variantRow(const QJsonObject& variant) {
+    return QStringLiteral("%1, %2: %3\n")
+        .arg(layoutName(variant), textOf(variant, QStringLiteral("likelihood")),
+             singleLine(textOf(variant, QStringLiteral("text"))));
+}
+
 QString rows(const QJsonValue& result, QString (*rowOf)(const QJsonObject&),
              const QString& whenEmpty) {
     const QJsonArray objects = result.toArray();
@@ -116,6 +127,18 @@ QString snippetList(const QJsonValue& result) {
 
 QString foundList(const QJsonValue& result) {
     return rows(result, foundRow, QStringLiteral("Nothing was found."));
+}
+
+QString layoutList(const QJsonValue& result) {
+    const QJsonObject object = result.toObject();
+    if (object.value(QStringLiteral("layouts")).toArray().size() < 2)
+        return QStringLiteral("Fewer than two keyboard layouts are configured.\n");
+    const QJsonObject source = object.value(QStringLiteral("source")).toObject();
+    if (source.isEmpty())
+        return QStringLiteral("No configured layout has keys for this text.\n");
+    return QStringLiteral("typed in %1\n").arg(layoutName(source)) +
+           rows(object.value(QStringLiteral("variants")), variantRow,
+                QStringLiteral("The other layouts give the same."));
 }
 
 QString outline(const QJsonValue& result) {

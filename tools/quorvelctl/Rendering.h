@@ -12,6 +12,7 @@ QString line(const QJsonValue& result);
 QString clipList(const QJsonValue& result);
 QString snippetList(const QJsonValue& result);
 QString foundList(const QJsonValue& result);
+QString layoutList(const QJsonValue& result);
 
 /// Nested values as indented lines "name: value".
 QString outline(const QJsonValue& result);

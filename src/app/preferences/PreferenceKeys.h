@@ -65,6 +65,8 @@ inline constexpr HotKey openMenuHotKey{"openMenuHotKey", 'v', shiftCommand};
 inline constexpr HotKey openTranslateHotKey{"openTranslateHotKey", 't', shiftCommand};
 inline constexpr HotKey pastePlainTextHotKey{"pastePlainTextHotKey", 'v', controlShift};
 inline constexpr HotKey cycleKeyboardLayoutHotKey{"cycleKeyboardLayoutHotKey", 'x', controlShift};
+/// The layout that the last press of the hot key has turned a text into.
+inline constexpr Text cycleKeyboardLayoutLastTargetID{"cycleKeyboardLayout.lastTargetID", ""};
 inline constexpr HotKey appendSelectionHotKey{"appendSelectionHotKey", 'a', shiftCommand};
 inline constexpr Switch autoUpdateEnabled{"updates.autoUpdateEnabled", false};
 inline constexpr Text selectedTheme{"support.selectedTheme", "system"};
