@@ -42,6 +42,13 @@ HotKeyForm::HotKeyForm(const Parts& parts, QWidget* parent)
     connect(&m_parts.hotKeys, &GlobalHotKeys::registered, this, &HotKeyForm::showProblems);
 }
 
+/// A recording ends with the focus that a window loses when it goes; the hot keys then tell of
+/// their return, and nobody is here any more to show it.
+HotKeyForm::~HotKeyForm() {
+    m_parts.hotKeys.disconnect(this);
+    m_parts.store.disconnect(this);
+}
+
 ShortcutRecorder* HotKeyForm::makeRecorder(const ConfigurableHotKey& hotKey) {
     auto* recorder = new ShortcutRecorder(
         {m_parts.strings.text(QString::fromLatin1(hotKey.titleKey)), m_parts.strings, m_parts.keys,

@@ -24,6 +24,7 @@ public:
     };
 
     explicit HotKeyForm(const Parts& parts, QWidget* parent = nullptr);
+    ~HotKeyForm() override;
 
     ShortcutRecorder* recorder(HotKeyId id) const { return m_recorders.value(id); }
 
