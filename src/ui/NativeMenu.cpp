@@ -2,6 +2,7 @@
 
 #include "ui/Icons.h"
 #include "ui/ItemIcons.h"
+#include "ui/SearchField.h"
 
 #include <QCursor>
 #include <QToolTip>
@@ -42,6 +43,7 @@ void NativeMenu::fillSubmenu(const QString& identifier, const QList<MenuItem>& i
 void NativeMenu::prepare(const QList<MenuItem>& tree) {
     m_menu.setItems(tree);
     m_menu.winId();
+    prepareTextCursor(m_menu.windowHandle());
     m_menu.grab();
     m_menu.release();
 }

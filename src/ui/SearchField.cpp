@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -108,6 +109,11 @@ void SearchRow::setLeastWidth(int width) {
 /// Without what a widget action does when it changes: its widget stays enabled.
 bool SearchRow::event(QEvent* event) {
     return QAction::event(event);
+}
+
+void prepareTextCursor(QWindow* window) {
+    window->setCursor(Qt::IBeamCursor);
+    window->unsetCursor();
 }
 
 } // namespace quorvel

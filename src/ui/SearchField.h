@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <QWidgetAction>
 
+class QWindow;
+
 namespace quorvel {
 
 /// The line edit inside a menu. Every key reaches the menu first, which hands back what is typing.
@@ -60,5 +62,8 @@ private:
     SearchContainer* m_container;
     SearchField* m_field;
 };
+
+/// Lets the toolkit find the pointer's look over text before it is needed: it searches many files.
+void prepareTextCursor(QWindow* window);
 
 } // namespace quorvel

@@ -189,6 +189,7 @@ void PopoverStack::warmUp(const QList<MenuItem>& items) {
         warmed.setItems(items);
         warmed.resize(warmed.wantedSize());
         warmed.winId();
+        prepareTextCursor(warmed.windowHandle());
         warmed.grab();
     }
     release();
