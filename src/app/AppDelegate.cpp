@@ -259,6 +259,7 @@ void AppDelegate::wireControl() {
                                       .smartFolders = m_smartFolders,
                                       .watcher = m_watcher,
                                       .focus = m_focusTracker,
+                                      .pasteDelivery = m_pasteDelivery,
                                       .pasteEngine = m_pasteEngine,
                                       .copyTools = m_copyTools,
                                       .appendCopy = m_appendCopy,

@@ -15,6 +15,7 @@ struct ControlledParts {
     const SmartFolderClipboard& smartFolders;
     PasteboardWatcher& watcher;
     FocusTracker& focus;
+    const PasteDelivery& pasteDelivery;
     PasteEngine& pasteEngine;
     CopyTools& copyTools;
     AppendCopy& appendCopy;

@@ -24,6 +24,14 @@ QJsonObject changes(const Pasteboard& pasteboard) {
     };
 }
 
+QJsonObject pastes(const PasteCounts& counts) {
+    return {
+        {QStringLiteral("asked"), counts.asked},
+        {QStringLiteral("posted"), counts.posted},
+        {QStringLiteral("fetched"), counts.fetched},
+    };
+}
+
 QString resultName(HotKeyState::Result result) {
     switch (result) {
     case HotKeyState::Result::bound:
@@ -118,6 +126,7 @@ QJsonObject statusReport(const ControlledParts& parts) {
         {QStringLiteral("snippets"), snippetCount(parts.store)},
         {QStringLiteral("smartFolders"), smartFolders(parts.smartFolders)},
         {QStringLiteral("changes"), changes(parts.adapters.pasteboard)},
+        {QStringLiteral("pastes"), pastes(parts.pasteDelivery.counts())},
         {QStringLiteral("setAsideFiles"), setAsideFiles(parts)},
         {QStringLiteral("problems"), problems(parts)},
         {QStringLiteral("paths"), paths(parts.environment.paths)},

@@ -13,10 +13,14 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher,
     , m_workspace(workspace)
     , m_keys(keys)
     , m_mainQueue(mainQueue) {
-    connect(&m_pasteboard, &Pasteboard::fetched, this, [this] { mark(&Delivery::isFetched); });
+    connect(&m_pasteboard, &Pasteboard::fetched, this, [this] {
+        ++m_counts.fetched;
+        mark(&Delivery::isFetched);
+    });
 }
 
 void PasteDelivery::deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards) {
+    ++m_counts.asked;
     m_waiting.push_back({items, afterwards});
     if (!m_current)
         startNext();
@@ -66,6 +70,7 @@ void PasteDelivery::pressKeys() {
 
 void PasteDelivery::keysDone(PostOutcome outcome) {
     if (outcome == PostOutcome::posted) {
+        ++m_counts.posted;
         m_patience = m_mainQueue.after(fetchPatience, this, [this] { mark(&Delivery::isFetched); });
         mark(&Delivery::arePosted);
     } else {

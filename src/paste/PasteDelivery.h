@@ -16,6 +16,13 @@ namespace quorvel {
 /// What is on the pasteboard when a paste is done.
 enum class Afterwards { pasted, whatWasBefore };
 
+/// What has become of the pastes since the start, for the status report.
+struct PasteCounts {
+    qint64 asked = 0;
+    qint64 posted = 0;
+    qint64 fetched = 0; ///< As far as it can be seen.
+};
+
 /// Brings contents into the program the user was working in, one after the other: writes each to
 /// the pasteboard as a write of our own, gives that program the focus back, presses its paste keys
 /// and, when asked to, puts back what was on the pasteboard before.
@@ -29,6 +36,8 @@ public:
     /// At once, or when the pastes that were asked for before are done: a paste that overtakes
     /// another would put its own content in the place of that one's.
     void deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards);
+
+    const PasteCounts& counts() const { return m_counts; }
 
     /// From the focus coming back to the keys, so that the program has settled.
     static constexpr std::chrono::milliseconds targetedDelay{80};
@@ -81,6 +90,7 @@ private:
     MainQueue& m_mainQueue;
     std::optional<Delivery> m_current;
     std::deque<Delivery> m_waiting;
+    PasteCounts m_counts;
     WorkItem m_restoreTimer;
     WorkItem m_patience;
     bool m_hasShownPastePermissionAlert = false;

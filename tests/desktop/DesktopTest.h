@@ -74,10 +74,10 @@ private:
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
         const QDir folder(QStringLiteral(QUORVEL_FAILURES_FOLDER));
         folder.mkpath(QStringLiteral("."));
-        const QString picture =
-            folder.filePath(QStringLiteral("%1.%2.png")
-                                .arg(QString::fromUtf8(test->test_suite_name()),
-                                     QString::fromUtf8(test->name()).replace(u'/', u'-')));
+        QString name =
+            QStringLiteral("%1.%2.png")
+                .arg(QString::fromUtf8(test->test_suite_name()), QString::fromUtf8(test->name()));
+        const QString picture = folder.filePath(name.replace(u'/', u'-'));
         if (m_desktop->screenshot(picture))
             std::cerr << "picture of the desktop: " << picture.toStdString() << '\n';
         if (m_program)

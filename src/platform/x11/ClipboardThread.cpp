@@ -315,13 +315,13 @@ void ClipboardThread::confirmCommand() {
 }
 
 /// It may paste from either selection.
-void ClipboardThread::expectReader(xcb_window_t window, xcb_timestamp_t time) {
+void ClipboardThread::expectReader(xcb_window_t window) {
     const auto fetched = [this, isTold = std::make_shared<bool>(false)] {
         if (!std::exchange(*isTold, true))
             m_exchange.countFetch();
     };
-    m_server->expectReader(window, time, fetched);
-    m_primaryServer->expectReader(window, time, fetched);
+    m_server->expectReader(window, fetched);
+    m_primaryServer->expectReader(window, fetched);
 }
 
 /// Only what is selected in the program of the window: the selection of another one may be hours
@@ -350,7 +350,7 @@ void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t 
     if (command.kind == Kind::offerAsPrimary)
         return m_primaryServer->own(command.content, time);
     if (command.kind == Kind::expectReader)
-        return expectReader(command.window, time);
+        return expectReader(command.window);
     if (command.kind == Kind::readPrimary)
         return readPrimary(command.window);
     abandonTransfer(overtakenReason);

@@ -56,22 +56,25 @@ void SelectionServer::lost() {
     m_readers.clear();
 }
 
-void SelectionServer::expectReader(xcb_window_t window, xcb_timestamp_t time,
-                                   std::function<void()> fetched) {
-    if (isOwner())
-        m_readers.push_back({clientOf(m_connection, window), time, ownedSince(),
-                             Clock::now() + readerPatience, std::move(fetched)});
+void SelectionServer::expectReader(xcb_window_t window, std::function<void()> fetched) {
+    if (!isOwner())
+        return;
+    const quint32 client = clientOf(m_connection, window);
+    m_readers.remove_if([client](const Reader& reader) {
+        return reader.client == client && !reader.fetched; // It has what it was told to paste.
+    });
+    m_readers.push_back({client, ownedSince(), Clock::now() + readerPatience, std::move(fetched)});
 }
 
-/// Of several pastes, a request that bears a time belongs to the last one before it; without one
-/// they are served in their order.
+/// Of several pastes, a request that bears a time belongs to the last one that was offered by then;
+/// without one they are served in their order.
 SelectionServer::Reader* SelectionServer::readerFor(const xcb_selection_request_event_t& event) {
     m_readers.remove_if([now = Clock::now()](const Reader& reader) { return reader.end <= now; });
     const quint32 client = clientOf(m_connection, event.requestor);
     Reader* found = nullptr;
     for (Reader& reader : m_readers) {
         const bool isTimed = event.time != XCB_CURRENT_TIME;
-        if (reader.client != client || (isTimed && isLater(reader.toldAt, event.time)))
+        if (reader.client != client || (isTimed && isLater(reader.offeredSince, event.time)))
             continue;
         found = &reader;
         if (!isTimed)

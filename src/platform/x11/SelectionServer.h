@@ -35,7 +35,7 @@ public:
     /// The program of this window is about to be told to paste: what is offered now is what it
     /// gets, even if it asks late and the content is another one by then. `fetched` is called when
     /// it has the content, once.
-    void expectReader(xcb_window_t window, xcb_timestamp_t time, std::function<void()> fetched);
+    void expectReader(xcb_window_t window, std::function<void()> fetched);
 
     bool isOwner() const { return !m_offers.isEmpty(); }
     xcb_timestamp_t ownedSince() const;
@@ -67,10 +67,9 @@ private:
     /// A program that was told to paste.
     struct Reader {
         quint32 client; ///< The bits that all its windows have in common.
-        xcb_timestamp_t toldAt;
         xcb_timestamp_t offeredSince;
-        Clock::time_point end; ///< From then on it gets what everybody gets.
-        std::function<void()> fetched;
+        Clock::time_point end;         ///< From then on it gets what everybody gets.
+        std::function<void()> fetched; ///< Empty when it was called.
     };
 
     Reader* readerFor(const xcb_selection_request_event_t& event);
