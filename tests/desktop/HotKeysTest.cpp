@@ -14,13 +14,6 @@ protected:
     }
     QString stateOf(const char* name) { return hotKey(name)[QStringLiteral("state")].toString(); }
 
-    QByteArray clipboard() {
-        return desktop()
-            .run(QStringLiteral("xclip"),
-                 {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o")})
-            .output;
-    }
-
     /// A stored shortcut with these modifier bits.
     static QByteArray shortcut(const QByteArray& key, int modifiers) {
         const QByteArray bits = QByteArray::number(modifiers);

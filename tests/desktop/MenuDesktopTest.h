@@ -45,6 +45,14 @@ protected:
         }
     }
 
+    /// What another program would paste.
+    QByteArray clipboard() {
+        return desktop()
+            .run(QStringLiteral("xclip"),
+                 {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o")})
+            .output;
+    }
+
     /// Starts a program with a window and waits until that has the focus.
     std::unique_ptr<ChildProgram> startInFront(const QString& name, const QStringList& arguments,
                                                const QString& windowClass) {

@@ -41,12 +41,6 @@ protected:
     QString windowInFront() {
         return QString::fromLatin1(xdotool({QStringLiteral("getwindowfocus")}).output.trimmed());
     }
-    QByteArray clipboard() {
-        return desktop()
-            .run(QStringLiteral("xclip"),
-                 {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o")})
-            .output;
-    }
     bool paste(int position, const QString& mode = {}) {
         QStringList arguments{QStringLiteral("paste"), QString::number(position)};
         if (!mode.isEmpty())

@@ -10,10 +10,11 @@ namespace {
 
 const QString charsetParameter = QStringLiteral(";charset=");
 
-/// Types by preference; the empty entry stands for text/plain with any other charset.
+/// Types by preference; the empty entry stands for text/plain with any other charset. Some toolkits
+/// end the lines of text/plain as mail does; UTF8_STRING has them as they were written.
 constexpr std::array<QLatin1StringView, 7> preferredTypes{
-    QLatin1StringView("text/plain;charset=utf-8"),
     QLatin1StringView("UTF8_STRING"),
+    QLatin1StringView("text/plain;charset=utf-8"),
     QLatin1StringView(""),
     QLatin1StringView("text/plain"),
     QLatin1StringView("STRING"),
