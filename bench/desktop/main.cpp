@@ -201,6 +201,27 @@ void measureManyOpenings(PrivateDesktop& desktop, const Subject& subject, int co
            {costOf(subject.pid()).pssMegabytes - before});
 }
 
+/// From the choice to the text in the program; what the paste waits by design is part of it.
+void measurePastes(PrivateDesktop& desktop, const Subject& subject) {
+    const auto target = desktop.start(QStringLiteral(QUORVEL_RAW_TARGET));
+    timeUntil([&] { return target->hasPrinted("ready"); });
+    waitUntil([] { return false; }, 500ms); // the window manager gives it the focus
+    for (const char* mode : {"normal", "keepClipboard"}) {
+        std::vector<double> arrived;
+        for (int i = 0; i < 40; ++i) {
+            const qsizetype before = target->output().count("pasted ");
+            const double chosen = now();
+            subject.ask(QStringLiteral("paste"),
+                        {{QStringLiteral("position"), 2},
+                         {QStringLiteral("mode"), QString::fromLatin1(mode)}});
+            timeUntil([&] { return target->output().count("pasted ") > before; });
+            arrived.push_back(now() - chosen);
+        }
+        std::printf("paste, %s\n", mode);
+        report("choice to the text in the program", "ms", 95, arrived);
+    }
+}
+
 void measureIdle(const Subject& subject, std::chrono::seconds span) {
     waitUntil([] { return false; }, 6s); // caches that are given back after use are back by then
     const ProcessCost before = costOf(subject.pid());
@@ -237,6 +258,7 @@ void measureAll(std::chrono::seconds idleSpan) {
     subject.start();
     measureCopyCost(desktop, subject);
     measureCopies(desktop, subject);
+    measurePastes(desktop, subject);
     subject.end();
     std::vector<double> starts;
     for (int i = 0; i < 15; ++i) {

@@ -18,6 +18,7 @@ MessageLine::MessageLine(const QIcon& warning)
     : m_warning(warning) {
     m_text.setWordWrap(true);
     m_text.setTextFormat(Qt::PlainText);
+    m_text.setAlignment(Qt::AlignTop | Qt::AlignLeading);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(gap);
