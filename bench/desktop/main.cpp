@@ -235,7 +235,7 @@ void measureIdle(const Subject& subject, std::chrono::seconds span) {
 }
 
 /// With 200 clips of 10 KB, pictures among them, and a thousand snippets.
-void measureFullMenus(PrivateDesktop& desktop, Subject& subject) {
+void measureFullMenus(PrivateDesktop& desktop, Subject& subject, int openings) {
     prepareSnippets(subject);
     for (const Form form : {Form::popover, Form::native}) {
         choose(subject, form);
@@ -246,12 +246,12 @@ void measureFullMenus(PrivateDesktop& desktop, Subject& subject) {
         measureMenu(desktop, subject,
                     form == Form::popover ? "popover, much in it" : "native menu, much in it");
         measureSearch(desktop, subject);
-        measureManyOpenings(desktop, subject, 200);
+        measureManyOpenings(desktop, subject, openings);
         subject.end();
     }
 }
 
-void measureAll(std::chrono::seconds idleSpan) {
+void measureAll(std::chrono::seconds idleSpan, int openings) {
     PrivateDesktop desktop({.tray = TrayHost::tint2, .sessionBus = true});
     Subject subject(desktop);
     choose(subject, Form::popover);
@@ -271,7 +271,7 @@ void measureAll(std::chrono::seconds idleSpan) {
     measureMenu(desktop, subject, "popover");
     report("memory (PSS) after 20 openings", "MB", 25, {costOf(subject.pid()).pssMegabytes});
     subject.end();
-    measureFullMenus(desktop, subject);
+    measureFullMenus(desktop, subject, openings);
 }
 
 } // namespace
@@ -281,6 +281,7 @@ void measureAll(std::chrono::seconds idleSpan) {
 int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
     const int seconds = argc > 1 ? QByteArray(argv[1]).toInt() : 60;
-    quorvel::bench::measureAll(std::chrono::seconds(seconds));
+    const int openings = argc > 2 ? QByteArray(argv[2]).toInt() : 200;
+    quorvel::bench::measureAll(std::chrono::seconds(seconds), openings);
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "desktop/MenuDesktopTest.h"
 
+#include <csignal>
+
 namespace quorvel {
 
 namespace {
@@ -114,6 +116,31 @@ TEST_F(PasteTest, keysNeverReachAWindowThatTakesTheFocusMeanwhile) {
     EXPECT_EQ(neighbour->output(), "ready\n");
     EXPECT_GT(target->output().count("pasted clip"), 0);
     EXPECT_LT(target->output().count("pasted clip"), given);
+}
+
+TEST_F(PasteTest, aTargetThatHangsGetsItsClipWhenItIsBack) {
+    begin(TrayHost::none);
+    copy({QStringLiteral("clip"), QStringLiteral("kept")});
+    const auto target = startTarget(QStringLiteral("Hanging"));
+    target->signal(SIGSTOP);
+    ASSERT_TRUE(paste(2, QStringLiteral("--keep")));
+    EXPECT_TRUE(waitUntil([&] { return clipboard() == "clip"; }));
+    EXPECT_TRUE(waitUntil([&] { return clipboard() == "kept"; }));
+    target->signal(SIGCONT);
+    EXPECT_TRUE(waitUntil([&] { return target->output() == "ready\nkey\npasted clip\n"; }))
+        << target->output().constData();
+    EXPECT_EQ(clipboard(), "kept");
+}
+
+/// Programs then take the key by its place.
+TEST_F(PasteTest, aLayoutWithoutTheLetterOfThePasteKeysIsNoObstacle) {
+    begin(TrayHost::none);
+    desktop().run(QStringLiteral("setxkbmap"), {QStringLiteral("gr")});
+    copy({QStringLiteral("clip")});
+    const auto target = startTarget(QStringLiteral("Greek"));
+    ASSERT_TRUE(paste(1));
+    EXPECT_TRUE(waitUntil([&] { return target->output() == "ready\nkey\npasted clip\n"; }))
+        << target->output().constData();
 }
 
 TEST_F(PasteTest, aTargetThatEndsBetweenChoiceAndKeysHurtsNobody) {
