@@ -49,7 +49,7 @@ public:
     static constexpr std::chrono::milliseconds restoreDelay{120};
 
     /// How long the next paste waits for the target to fetch this one.
-    static constexpr std::chrono::milliseconds fetchPatience{1000};
+    static constexpr std::chrono::milliseconds fetchPatience{1500};
 
 signals:
     /// Keys cannot be posted on this desktop; told once until they could be. The content is on the

@@ -62,7 +62,9 @@ protected:
             const ProgramResult windows =
                 xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
                          QStringLiteral("--class"), QStringLiteral("^%1$").arg(windowClass)});
-            return !active.isEmpty() && windows.output.split('\n').contains(active);
+            const QByteArray focus = xdotool({QStringLiteral("getwindowfocus")}).output.trimmed();
+            const QByteArrayList own = windows.output.split('\n');
+            return !active.isEmpty() && own.contains(active) && own.contains(focus);
         });
         EXPECT_TRUE(isInFront) << name.toStdString() << child->errors().constData();
         return child;

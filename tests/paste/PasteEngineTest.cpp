@@ -204,7 +204,7 @@ TEST_F(PasteEngineTest, KeepingTheClipboardPutsItBackUnlessSomethingNewIsThere) 
             copied(QString::fromLatin1(copiedMeanwhile));
         mainQueue.advance(1ms);
         mainQueue.settle();
-        mainQueue.advance(1s);
+        mainQueue.advance(3s);
         EXPECT_EQ(pasteboard.string(), QString::fromLatin1(afterwards));
         EXPECT_EQ(pasteboard.items().first() == rich, !copiedMeanwhile && isTrusted);
         EXPECT_EQ(captured.size(), copiedMeanwhile ? 1 : 0);

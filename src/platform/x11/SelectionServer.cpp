@@ -20,7 +20,7 @@ constexpr qsizetype mostEarlierBytes = 32 * 1024 * 1024;
 constexpr auto readerPatience = std::chrono::seconds(3);
 
 /// A program asks for types and content several times; after so long without a question it has all.
-constexpr auto readerSilence = std::chrono::milliseconds(150);
+constexpr auto readerSilence = std::chrono::milliseconds(300);
 
 qsizetype sizeOf(const ClipboardSnapshotItem& item) {
     qsizetype size = 0;
@@ -41,27 +41,42 @@ SelectionServer::SelectionServer(xcb_connection_t* connection, AtomTable& atoms,
 void SelectionServer::own(const ClipboardSnapshotItem& content, xcb_timestamp_t time) {
     m_offers.append({withTextAliases(content), time});
     trimOffers();
-    xcb_set_selection_owner(m_connection, m_window, m_selection, time);
-    xcb_flush(m_connection);
+    if (m_readers.empty())
+        announce();
 }
 
 void SelectionServer::giveUp(xcb_timestamp_t time) {
-    xcb_set_selection_owner(m_connection, XCB_WINDOW_NONE, m_selection, time);
-    lost();
+    m_offers.append({{}, time});
+    if (m_readers.empty())
+        announce();
+}
+
+void SelectionServer::announce() {
+    if (m_offers.isEmpty() || m_offers.last().isAnnounced)
+        return;
+    const bool isEmpty = m_offers.last().content.payloadByType.isEmpty();
+    xcb_set_selection_owner(m_connection, isEmpty ? xcb_window_t(XCB_WINDOW_NONE) : m_window,
+                            m_selection, m_offers.last().since);
+    m_offers.last().isAnnounced = true;
+    if (isEmpty)
+        lost();
     xcb_flush(m_connection);
 }
 
 void SelectionServer::lost() {
     m_offers.clear();
-    m_readers.clear();
+    for (const Reader& reader : std::exchange(m_readers, {}))
+        if (reader.hasFetched)
+            reader.fetched();
 }
 
 void SelectionServer::expectReader(xcb_window_t window, std::function<void()> fetched) {
+    announce(); // This reader may look whether there is anything new.
     if (!isOwner())
         return;
     const quint32 client = clientOf(m_connection, window);
     m_readers.remove_if([client](const Reader& reader) {
-        return reader.client == client && !reader.fetched; // It has what it was told to paste.
+        return reader.client == client && reader.hasFetched; // It has what it was told to paste.
     });
     m_readers.push_back({client, ownedSince(), Clock::now() + readerPatience, std::move(fetched)});
 }
@@ -69,7 +84,7 @@ void SelectionServer::expectReader(xcb_window_t window, std::function<void()> fe
 /// Of several pastes, a request that bears a time belongs to the last one that was offered by then;
 /// without one they are served in their order.
 SelectionServer::Reader* SelectionServer::readerFor(const xcb_selection_request_event_t& event) {
-    m_readers.remove_if([now = Clock::now()](const Reader& reader) { return reader.end <= now; });
+    endReaders();
     const quint32 client = clientOf(m_connection, event.requestor);
     Reader* found = nullptr;
     for (Reader& reader : m_readers) {
@@ -88,13 +103,26 @@ void SelectionServer::serve(Reader& reader, xcb_atom_t target) {
         target == m_atoms.atom(QStringLiteral("TIMESTAMP")))
         return;
     reader.end = Clock::now() + readerSilence;
-    if (const auto fetched = std::exchange(reader.fetched, {}))
-        fetched();
+    reader.hasFetched = true;
+}
+
+void SelectionServer::endReaders() {
+    const auto now = Clock::now();
+    for (const Reader& reader : m_readers)
+        if (reader.hasFetched && reader.end <= now)
+            reader.fetched();
+    m_readers.remove_if([now](const Reader& reader) { return reader.end <= now; });
+    if (m_readers.empty())
+        announce();
 }
 
 const SelectionServer::Offer& SelectionServer::offerFor(const Reader* reader,
                                                         xcb_timestamp_t time) const {
-    return offerAt(reader ? reader->offeredSince : time);
+    if (reader)
+        for (const Offer& offer : m_offers)
+            if (offer.since == reader->offeredSince)
+                return offer;
+    return offerAt(time);
 }
 
 xcb_timestamp_t SelectionServer::ownedSince() const {
@@ -117,11 +145,17 @@ void SelectionServer::trimOffers() {
     m_offers.remove(0, m_offers.size() - 1 - keep);
 }
 
+/// What is not announced yet counts from the time of what is: nobody can know of a later one.
 const SelectionServer::Offer& SelectionServer::offerAt(xcb_timestamp_t time) const {
-    if (time != XCB_CURRENT_TIME)
-        for (qsizetype i = m_offers.size() - 1; i >= 0; --i)
-            if (!isLater(m_offers.at(i).since, time))
-                return m_offers.at(i);
+    if (time == XCB_CURRENT_TIME)
+        return m_offers.last();
+    for (qsizetype i = m_offers.size() - 1; i >= 0; --i) {
+        qsizetype known = i;
+        while (known > 0 && !m_offers.at(known).isAnnounced)
+            --known;
+        if (!isLater(m_offers.at(known).since, time))
+            return m_offers.at(i);
+    }
     return m_offers.last();
 }
 
@@ -268,15 +302,19 @@ void SelectionServer::forgetRequestor(xcb_window_t window) {
 }
 
 std::optional<SelectionServer::Clock::time_point> SelectionServer::deadline() const {
-    if (m_outgoing.empty())
-        return std::nullopt;
-    const auto oldest =
-        std::min_element(m_outgoing.begin(), m_outgoing.end(),
-                         [](const auto& a, const auto& b) { return a.lastSign < b.lastSign; });
-    return oldest->lastSign + outgoingPatience;
+    std::optional<Clock::time_point> next;
+    const auto consider = [&next](Clock::time_point point) {
+        next = next ? std::min(*next, point) : point;
+    };
+    for (const Outgoing& outgoing : m_outgoing)
+        consider(outgoing.lastSign + outgoingPatience);
+    for (const Reader& reader : m_readers)
+        consider(reader.end);
+    return next;
 }
 
 void SelectionServer::expire() {
+    endReaders();
     const auto limit = Clock::now() - outgoingPatience;
     m_outgoing.remove_if([&](const Outgoing& o) { return o.lastSign <= limit; });
 }

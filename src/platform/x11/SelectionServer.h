@@ -23,18 +23,20 @@ public:
     SelectionServer(xcb_connection_t* connection, AtomTable& atoms, xcb_window_t window,
                     xcb_atom_t selection);
 
-    /// Takes the selection with this content at the given server time.
+    /// Takes the selection with this content at the given server time. While a reader is expected
+    /// it is served to everybody else at once, but announced to the display only after that: there
+    /// are programs that drop what they are pasting when the selection changes meanwhile.
     void own(const ClipboardSnapshotItem& content, xcb_timestamp_t time);
 
-    /// Empties the selection, whoever has it.
+    /// Empties the selection, whoever has it; announced in the same way.
     void giveUp(xcb_timestamp_t time);
 
     /// Somebody else has it now: the contents are forgotten.
     void lost();
 
     /// The program of this window is about to be told to paste: what is offered now is what it
-    /// gets, even if it asks late and the content is another one by then. `fetched` is called when
-    /// it has the content, once.
+    /// gets, even if it asks late and the content is another one by then. `fetched` is called once,
+    /// when it has the content and asks no more; never when it does not ask.
     void expectReader(xcb_window_t window, std::function<void()> fetched);
 
     bool isOwner() const { return !m_offers.isEmpty(); }
@@ -44,16 +46,18 @@ public:
     void handle(const xcb_property_notify_event_t& event);
     void forgetRequestor(xcb_window_t window);
 
-    /// When `expire` has to be called; absent while nothing is being sent in pieces.
+    /// When `expire` has to be called; absent while nothing is being sent in pieces and no reader
+    /// is expected.
     std::optional<Clock::time_point> deadline() const;
 
-    /// Drops pieces that nobody has fetched for too long.
+    /// Drops pieces that nobody has fetched for too long, and readers that have what they want.
     void expire();
 
 private:
     struct Offer {
         ClipboardSnapshotItem content;
         xcb_timestamp_t since;
+        bool isAnnounced = false;
     };
     struct Outgoing {
         xcb_window_t requestor;
@@ -68,10 +72,13 @@ private:
     struct Reader {
         quint32 client; ///< The bits that all its windows have in common.
         xcb_timestamp_t offeredSince;
-        Clock::time_point end;         ///< From then on it gets what everybody gets.
-        std::function<void()> fetched; ///< Empty when it was called.
+        Clock::time_point end; ///< From then on it gets what everybody gets.
+        std::function<void()> fetched;
+        bool hasFetched = false;
     };
 
+    void announce();
+    void endReaders();
     Reader* readerFor(const xcb_selection_request_event_t& event);
     void serve(Reader& reader, xcb_atom_t target);
     const Offer& offerFor(const Reader* reader, xcb_timestamp_t time) const;
