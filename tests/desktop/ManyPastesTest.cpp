@@ -24,7 +24,7 @@ constexpr int clipCount = 10;
 
 int pasteCount() {
     const int wanted = qEnvironmentVariableIntValue("QUORVEL_PASTES");
-    return wanted > 0 ? wanted : 24;
+    return wanted > 0 ? wanted : 12;
 }
 
 class ManyPastesTest : public MenuDesktopTest, public testing::WithParamInterface<Editor> {
