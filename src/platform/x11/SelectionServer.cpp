@@ -16,12 +16,6 @@ constexpr auto outgoingPatience = std::chrono::seconds(10);
 constexpr qsizetype mostEarlierOffers = 8;
 constexpr qsizetype mostEarlierBytes = 32 * 1024 * 1024;
 
-/// For how long after the keys a program may begin to ask for what was pasted.
-constexpr auto readerPatience = std::chrono::seconds(3);
-
-/// A program asks for types and content several times; after so long without a question it has all.
-constexpr auto readerSilence = std::chrono::milliseconds(300);
-
 qsizetype sizeOf(const ClipboardSnapshotItem& item) {
     qsizetype size = 0;
     for (const PasteboardRepresentation& representation : item.payloadByType)
@@ -41,13 +35,13 @@ SelectionServer::SelectionServer(xcb_connection_t* connection, AtomTable& atoms,
 void SelectionServer::own(const ClipboardSnapshotItem& content, xcb_timestamp_t time) {
     m_offers.append({withTextAliases(content), time});
     trimOffers();
-    if (m_readers.empty())
+    if (m_readers.isEmpty())
         announce();
 }
 
 void SelectionServer::giveUp(xcb_timestamp_t time) {
     m_offers.append({{}, time});
-    if (m_readers.empty())
+    if (m_readers.isEmpty())
         announce();
 }
 
@@ -65,64 +59,19 @@ void SelectionServer::announce() {
 
 void SelectionServer::lost() {
     m_offers.clear();
-    for (const Reader& reader : std::exchange(m_readers, {}))
-        if (reader.hasFetched)
-            reader.fetched();
+    m_readers.endAll();
 }
 
 void SelectionServer::expectReader(xcb_window_t window, std::function<void()> fetched) {
     announce(); // This reader may look whether there is anything new.
-    if (!isOwner())
-        return;
-    const quint32 client = clientOf(m_connection, window);
-    m_readers.remove_if([client](const Reader& reader) {
-        return reader.client == client && reader.hasFetched; // It has what it was told to paste.
-    });
-    m_readers.push_back({client, ownedSince(), Clock::now() + readerPatience, std::move(fetched)});
-}
-
-/// Of several pastes, a request that bears a time belongs to the last one that was offered by then;
-/// without one they are served in their order.
-SelectionServer::Reader* SelectionServer::readerFor(const xcb_selection_request_event_t& event) {
-    endReaders();
-    const quint32 client = clientOf(m_connection, event.requestor);
-    Reader* found = nullptr;
-    for (Reader& reader : m_readers) {
-        const bool isTimed = event.time != XCB_CURRENT_TIME;
-        if (reader.client != client || (isTimed && isLater(reader.offeredSince, event.time)))
-            continue;
-        found = &reader;
-        if (!isTimed)
-            break;
-    }
-    return found;
-}
-
-void SelectionServer::serve(Reader& reader, xcb_atom_t target) {
-    if (target == m_atoms.atom(QStringLiteral("TARGETS")) ||
-        target == m_atoms.atom(QStringLiteral("TIMESTAMP")))
-        return;
-    reader.end = Clock::now() + readerSilence;
-    reader.hasFetched = true;
+    if (isOwner())
+        m_readers.expect(clientOf(m_connection, window), ownedSince(), std::move(fetched));
 }
 
 void SelectionServer::endReaders() {
-    const auto now = Clock::now();
-    for (const Reader& reader : m_readers)
-        if (reader.hasFetched && reader.end <= now)
-            reader.fetched();
-    m_readers.remove_if([now](const Reader& reader) { return reader.end <= now; });
-    if (m_readers.empty())
+    m_readers.endDue();
+    if (m_readers.isEmpty())
         announce();
-}
-
-const SelectionServer::Offer& SelectionServer::offerFor(const Reader* reader,
-                                                        xcb_timestamp_t time) const {
-    if (reader)
-        for (const Offer& offer : m_offers)
-            if (offer.since == reader->offeredSince)
-                return offer;
-    return offerAt(time);
 }
 
 xcb_timestamp_t SelectionServer::ownedSince() const {
@@ -132,14 +81,9 @@ xcb_timestamp_t SelectionServer::ownedSince() const {
 void SelectionServer::trimOffers() {
     qsizetype bytes = 0;
     qsizetype keep = 0;
-    const auto isAwaited = [this](const Offer& offer) {
-        return std::any_of(m_readers.begin(), m_readers.end(), [&](const Reader& reader) {
-            return reader.offeredSince == offer.since;
-        });
-    };
     for (qsizetype i = m_offers.size() - 2; i >= 0 && keep < mostEarlierOffers; --i, ++keep) {
         bytes += sizeOf(m_offers.at(i).content);
-        if (bytes > mostEarlierBytes && !isAwaited(m_offers.at(i)))
+        if (bytes > mostEarlierBytes && !m_readers.isAwaited(m_offers.at(i).since))
             break;
     }
     m_offers.remove(0, m_offers.size() - 1 - keep);
@@ -159,24 +103,42 @@ const SelectionServer::Offer& SelectionServer::offerAt(xcb_timestamp_t time) con
     return m_offers.last();
 }
 
+const SelectionServer::Offer& SelectionServer::offerSince(xcb_timestamp_t since) const {
+    const auto found = std::find_if(m_offers.begin(), m_offers.end(),
+                                    [since](const Offer& offer) { return offer.since == since; });
+    return found == m_offers.end() ? m_offers.last() : *found;
+}
+
 void SelectionServer::handle(const xcb_selection_request_event_t& event) {
-    xcb_selection_notify_event_t answer{};
-    answer.response_type = XCB_SELECTION_NOTIFY;
-    answer.time = event.time;
-    answer.requestor = event.requestor;
-    answer.selection = event.selection;
-    answer.target = event.target;
+    xcb_selection_notify_event_t notice{};
+    notice.response_type = XCB_SELECTION_NOTIFY;
+    notice.time = event.time;
+    notice.requestor = event.requestor;
+    notice.selection = event.selection;
+    notice.target = event.target;
     // Very old clients name no property; the target's name serves then.
     const xcb_atom_t property = event.property == XCB_ATOM_NONE ? event.target : event.property;
-    Reader* reader = readerFor(event);
-    const bool done =
-        isOwner() && convert(offerFor(reader, event.time), event.requestor, event.target, property);
-    if (done && reader)
-        serve(*reader, event.target);
-    answer.property = done ? property : xcb_atom_t(XCB_ATOM_NONE);
+    endReaders();
+    const bool done = isOwner() && answer(event, property);
+    notice.property = done ? property : xcb_atom_t(XCB_ATOM_NONE);
     xcb_send_event(m_connection, 0, event.requestor, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&answer));
+                   reinterpret_cast<const char*>(&notice));
     xcb_flush(m_connection);
+}
+
+bool SelectionServer::answer(const xcb_selection_request_event_t& event, xcb_atom_t property) {
+    const quint32 client = clientOf(m_connection, event.requestor);
+    const auto since = m_readers.offeredTo(client, event.time);
+    const Offer& offer = since ? offerSince(*since) : offerAt(event.time);
+    const bool done = convert(offer, event.requestor, event.target, property);
+    if (done && since && isContent(event.target))
+        m_readers.served(client, *since);
+    return done;
+}
+
+bool SelectionServer::isContent(xcb_atom_t target) {
+    return target != m_atoms.atom(QStringLiteral("TARGETS")) &&
+           target != m_atoms.atom(QStringLiteral("TIMESTAMP"));
 }
 
 bool SelectionServer::convert(const Offer& offer, xcb_window_t requestor, xcb_atom_t target,
@@ -308,8 +270,8 @@ std::optional<SelectionServer::Clock::time_point> SelectionServer::deadline() co
     };
     for (const Outgoing& outgoing : m_outgoing)
         consider(outgoing.lastSign + outgoingPatience);
-    for (const Reader& reader : m_readers)
-        consider(reader.end);
+    if (const auto end = m_readers.deadline())
+        consider(*end);
     return next;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Pasteboard.h"
 #include "platform/x11/AtomTable.h"
+#include "platform/x11/SelectionReaders.h"
 
 #include <xcb/xcb.h>
 
@@ -68,20 +69,11 @@ private:
         Clock::time_point lastSign = Clock::now();
     };
 
-    /// A program that was told to paste.
-    struct Reader {
-        quint32 client; ///< The bits that all its windows have in common.
-        xcb_timestamp_t offeredSince;
-        Clock::time_point end; ///< From then on it gets what everybody gets.
-        std::function<void()> fetched;
-        bool hasFetched = false;
-    };
-
     void announce();
     void endReaders();
-    Reader* readerFor(const xcb_selection_request_event_t& event);
-    void serve(Reader& reader, xcb_atom_t target);
-    const Offer& offerFor(const Reader* reader, xcb_timestamp_t time) const;
+    bool answer(const xcb_selection_request_event_t& event, xcb_atom_t property);
+    bool isContent(xcb_atom_t target);
+    const Offer& offerSince(xcb_timestamp_t since) const;
     const Offer& offerAt(xcb_timestamp_t time) const;
     bool convert(const Offer& offer, xcb_window_t requestor, xcb_atom_t target,
                  xcb_atom_t property);
@@ -99,8 +91,8 @@ private:
     AtomTable& m_atoms;
     const xcb_window_t m_window;
     const xcb_atom_t m_selection;
-    QList<Offer> m_offers;       ///< Oldest first; the last one is the present content.
-    std::list<Reader> m_readers; ///< In the order in which they were told.
+    QList<Offer> m_offers; ///< Oldest first; the last one is the present content.
+    SelectionReaders m_readers;
     std::list<Outgoing> m_outgoing;
 };
 
