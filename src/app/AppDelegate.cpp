@@ -222,8 +222,9 @@ void AppDelegate::wireTextTools() {
         logLine(QStringLiteral("[Quorvel AppendCopy] hotkey received"));
         m_appendCopy.append();
     });
-    m_hotKeyCommands.setHandler(HotKeyId::cycleKeyboardLayout,
-                                [this] { m_layoutRetyping.retype(); });
+    connect(&m_adapters.keyboardLayouts, &KeyboardLayouts::configurationChanged, this,
+            &AppDelegate::followKeyboardLayouts, Qt::QueuedConnection);
+    followKeyboardLayouts();
     connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
     connect(&m_layoutRetyping, &LayoutRetyping::impossible, this, [this] {
         const StringTable& strings = m_environment.strings;
@@ -231,6 +232,14 @@ void AppDelegate::wireTextTools() {
             {QStringLiteral("keyboard"), strings.text(QStringLiteral("layouts.nothingToRetype")),
              strings.text(QStringLiteral("layouts.nothingToRetype.advice"))});
     });
+}
+
+/// With a single layout there is nothing to retype, and the keys stay with the programs.
+void AppDelegate::followKeyboardLayouts() {
+    HotKeyCommands::Handler handler;
+    if (m_adapters.keyboardLayouts.maps().size() > 1)
+        handler = [this] { m_layoutRetyping.retype(); };
+    m_hotKeyCommands.setHandler(HotKeyId::cycleKeyboardLayout, std::move(handler));
 }
 
 void AppDelegate::wirePaste() {

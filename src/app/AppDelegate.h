@@ -72,6 +72,7 @@ private:
     void wireMenuCommands();
     void wirePaste();
     void wireTextTools();
+    void followKeyboardLayouts();
     void wireStores();
     void wireControl();
     void openGeneralSettings();

@@ -86,6 +86,7 @@ TEST_F(HotKeysTest, theStatusTellsWhatBecameOfEachKey) {
     EXPECT_EQ(hotKey("pastePlainTextHotKey")[QStringLiteral("takenBy")],
               QStringLiteral("openMenuHotKey"));
     EXPECT_EQ(stateOf("openTranslateHotKey"), QStringLiteral("off"));
+    EXPECT_EQ(stateOf("cycleKeyboardLayoutHotKey"), QStringLiteral("off")) << "there is one layout";
     EXPECT_EQ(stateOf("recentClip10"), QStringLiteral("bound"));
     EXPECT_EQ(hotKey("recentClip10")[QStringLiteral("shortcut")], QStringLiteral("Super+Ctrl+0"));
     EXPECT_TRUE(program().errors().contains("[Quorvel HotKey] registration failed id=4 status=10"))
