@@ -6,14 +6,6 @@ namespace {
 
 class HotKeysTest : public MenuDesktopTest {
 protected:
-    QJsonObject hotKey(const char* name) {
-        for (const auto& state : status()[QStringLiteral("hotKeys")].toArray())
-            if (state.toObject()[QStringLiteral("name")] == QLatin1StringView(name))
-                return state.toObject();
-        return {};
-    }
-    QString stateOf(const char* name) { return hotKey(name)[QStringLiteral("state")].toString(); }
-
     /// A stored shortcut with these modifier bits.
     static QByteArray shortcut(const QByteArray& key, int modifiers) {
         const QByteArray bits = QByteArray::number(modifiers);

@@ -45,6 +45,15 @@ protected:
         }
     }
 
+    /// A hot key in the status, by its name.
+    QJsonObject hotKey(const char* name) {
+        for (const auto& state : status()[QStringLiteral("hotKeys")].toArray())
+            if (state.toObject()[QStringLiteral("name")] == QLatin1StringView(name))
+                return state.toObject();
+        return {};
+    }
+    QString stateOf(const char* name) { return hotKey(name)[QStringLiteral("state")].toString(); }
+
     /// What another program would paste.
     QByteArray clipboard() {
         return desktop()

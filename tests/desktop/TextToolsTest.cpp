@@ -110,6 +110,8 @@ TEST_F(TextToolsTest, aTerminalGivesItsSelectionWithoutBeingInterrupted) {
 TEST_F(TextToolsTest, whatWasTypedInTheWrongLayoutIsPutRightAndTheClipboardStays) {
     begin(TrayHost::none);
     desktop().run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    ASSERT_TRUE(
+        waitUntil([&] { return stateOf("cycleKeyboardLayoutHotKey") == QStringLiteral("bound"); }));
     copy({QStringLiteral("kept")});
     const auto editor = startEditor("ghbdtn\n");
     select(QStringLiteral("ctrl+Home shift+End"));
