@@ -103,10 +103,11 @@ const SelectionServer::Offer& SelectionServer::offerAt(xcb_timestamp_t time) con
     return m_offers.last();
 }
 
+/// Of two that were written within one tick of the server's clock, the later one is meant.
 const SelectionServer::Offer& SelectionServer::offerSince(xcb_timestamp_t since) const {
-    const auto found = std::find_if(m_offers.begin(), m_offers.end(),
+    const auto found = std::find_if(m_offers.rbegin(), m_offers.rend(),
                                     [since](const Offer& offer) { return offer.since == since; });
-    return found == m_offers.end() ? m_offers.last() : *found;
+    return found == m_offers.rend() ? m_offers.last() : *found;
 }
 
 void SelectionServer::handle(const xcb_selection_request_event_t& event) {
