@@ -224,7 +224,9 @@ void AppDelegate::wireTextTools() {
     });
     connect(&m_adapters.keyboardLayouts, &KeyboardLayouts::configurationChanged, this,
             &AppDelegate::followKeyboardLayouts, Qt::QueuedConnection);
-    followKeyboardLayouts();
+    // Reading the layouts would hold up the start.
+    m_environment.mainQueue.after(std::chrono::milliseconds(300), this,
+                                  [this] { followKeyboardLayouts(); });
     connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
     connect(&m_layoutRetyping, &LayoutRetyping::impossible, this, [this] {
         const StringTable& strings = m_environment.strings;
