@@ -12,10 +12,6 @@
 
 namespace quorvel {
 
-QtDesktop::QtDesktop(const Icons& icons)
-    : m_icons(icons) {}
-
-QtDesktop::~QtDesktop() = default;
 namespace {
 
 /// Which addresses are opened. The opener takes those of the web in any case, and hands others to a
@@ -30,6 +26,11 @@ bool canOpen(const QString& scheme) {
 }
 
 } // namespace
+
+QtDesktop::QtDesktop(const Icons& icons)
+    : m_icons(icons) {}
+
+QtDesktop::~QtDesktop() = default;
 
 bool QtDesktop::openFile(const QString& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
