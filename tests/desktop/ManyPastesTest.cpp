@@ -93,13 +93,22 @@ protected:
         return {};
     }
 
-    /// Other windows go up and down beside the target, which keeps the focus.
-    std::unique_ptr<ChildProgram> shuffleWindows() {
+    /// Two windows beside the target, each in front before the next one is started: one that
+    /// came up late would take the focus from the target.
+    std::vector<std::unique_ptr<ChildProgram>> startOtherWindows() {
+        std::vector<std::unique_ptr<ChildProgram>> others;
+        for (const QString& windowClass :
+             {QStringLiteral("BesideOne"), QStringLiteral("BesideTwo")})
+            others.push_back(startInFront(QStringLiteral("xterm"),
+                                          {QStringLiteral("-class"), windowClass}, windowClass));
+        return others;
+    }
+    /// They go up and down, and the target keeps the focus.
+    std::unique_ptr<ChildProgram> shuffleOtherWindows() {
         return desktop().start(
             QStringLiteral("sh"),
             {QStringLiteral("-c"),
-             QStringLiteral("xterm -class Beside & xterm -class Beside & "
-                            "while sleep 0.1; do for w in $(xdotool search --class Beside); do "
+             QStringLiteral("while sleep 0.1; do for w in $(xdotool search --class Beside); do "
                             "xdotool windowraise $w windowlower $w; done; done")});
     }
 };
@@ -114,13 +123,9 @@ TEST_P(ManyPastesTest, allArriveOnceInOrderAndNowhereElse) {
     for (int i = clipCount; i > 0; --i)
         clips.append(QStringLiteral("clip-%1\n").arg(i));
     copy(clips);
-    const auto beside = shuffleWindows();
-    ASSERT_TRUE(waitUntil([&] {
-        return xdotool(
-                   {QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("Beside")})
-                   .output.count('\n') >= 2;
-    }));
+    const auto others = startOtherWindows();
     const auto editor = startEditor();
+    const auto shuffling = shuffleOtherWindows();
     const QString window =
         QString::fromLatin1(xdotool({QStringLiteral("getactivewindow")}).output.trimmed());
     if (GetParam().reading == Editor::Reading::title) {
