@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QStyleOptionMenuItem>
 #include <QToolTip>
 
@@ -23,11 +22,6 @@ namespace {
 const QList<MenuItem>& placeholder() {
     static const QList<MenuItem> items{MenuItem::disabled(QStringLiteral("\u2026"))};
     return items;
-}
-
-QRect limitsAt(QPoint pointer) {
-    const QScreen* screen = QGuiApplication::screenAt(pointer);
-    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
 constexpr int mostTextLines = 8;
@@ -93,13 +87,14 @@ void MenuWidget::release() {
     settleSearchRow();
 }
 
-void MenuWidget::popUpAt(QPoint pointer) {
+void MenuWidget::popUpAt(QPoint pointer, const PopupScreen& screen) {
     m_awaitsFrame = true;
     ensurePolished();
     setMinimumWidth(0);
+    setScreen(screen.screen());
     const QSize size = sizeHint();
     const MenuPlace place =
-        placedAtPointer(size, pointer, limitsAt(pointer), QGuiApplication::layoutDirection());
+        placedAtPointer(size, pointer, screen.limits(), QGuiApplication::layoutDirection());
     m_upperEdge.reset();
     m_lowerEdge.reset();
     m_rightEdge.reset();
@@ -114,6 +109,13 @@ void MenuWidget::popUpAt(QPoint pointer) {
     // A click beside the menu only closes it: without this, a click on our tray icon would close
     // the menu and open it again.
     setAttribute(Qt::WA_NoMouseReplay);
+}
+
+/// The toolkit remembers which screen a menu was shown on, uses it again at the next showing, and
+/// does not notice that it has gone. Without a window it lets itself be told another one.
+void MenuWidget::forgetScreen() {
+    destroy();
+    setScreen(QGuiApplication::primaryScreen());
 }
 
 void MenuWidget::refreshPictures() {
@@ -311,7 +313,7 @@ void MenuWidget::layOutAgain() {
     const bool isMainMenu = m_upperEdge || m_lowerEdge; // It must not flutter while the user types.
     setMinimumSize(isMainMenu ? before.width() : 0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    const QRect limits = screen()->availableGeometry();
+    const QRect limits = screen()->availableGeometry(); // A submenu may be on another one.
     const QRect place = placeOfNewSize();
     const QRect shown = movedInto(limits, place);
     if (std::max(before.height(), place.height()) >= limits.height())

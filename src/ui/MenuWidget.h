@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuItem.h"
+#include "ui/PopupScreen.h"
 
 #include <QHash>
 #include <QMenu>
@@ -45,7 +46,14 @@ public:
     /// Forgets all items and submenus. Only while closed.
     void release();
 
-    void popUpAt(QPoint pointer);
+    /// Below or above the pointer, within the screen.
+    void popUpAt(QPoint pointer, const PopupScreen& screen);
+
+    /// To be called, while closed, when any screen was unplugged.
+    void forgetScreen();
+
+    /// Takes the size that its rows need, within its screen.
+    void layOutAgain();
 
     /// Hands a press to the search field, wherever the highlight is; false when there is none or
     /// the press drives the menu.
@@ -95,7 +103,6 @@ private:
     void makeSubmenu(size_t index);
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
-    void layOutAgain();
     QRect placeOfNewSize() const;
     void highlight(const Row& row);
     void highlightAgain(const MenuItem& item, const QAction* previous);

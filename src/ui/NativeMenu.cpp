@@ -4,7 +4,7 @@
 #include "ui/ItemIcons.h"
 #include "ui/SearchField.h"
 
-#include <QCursor>
+#include <QGuiApplication>
 #include <QToolTip>
 
 namespace quorvel {
@@ -18,15 +18,16 @@ NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
         QToolTip::hideText();
         hidden();
     });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, &m_menu, &MenuWidget::forgetScreen);
     connect(&m_menu, &MenuWidget::painted, this, &NativeMenu::painted);
     connect(&m_menu, &MenuWidget::searchChanged, this, &NativeMenu::searchChanged);
     connect(&m_thumbnails, &Thumbnails::decoded, &m_menu, &MenuWidget::refreshPictures);
     connect(&m_grab, &PopupGrab::refused, this, [this] { end("no grab"); });
 }
 
-void NativeMenu::show(const QList<MenuItem>& tree) {
+void NativeMenu::show(const QList<MenuItem>& tree, QPoint place) {
     m_menu.setItems(tree);
-    m_menu.popUpAt(QCursor::pos());
+    m_menu.popUpAt(place, screen());
     m_grab.secure();
 }
 
@@ -50,6 +51,10 @@ void NativeMenu::prepare(const QList<MenuItem>& tree) {
 
 void NativeMenu::hide() {
     m_menu.close();
+}
+
+void NativeMenu::fitToScreen() {
+    m_menu.layOutAgain();
 }
 
 void NativeMenu::release() {

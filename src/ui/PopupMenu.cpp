@@ -1,9 +1,18 @@
 #include "ui/PopupMenu.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
 
 namespace quorvel {
+
+PopupMenu::PopupMenu() {
+    connect(&m_screen, &PopupScreen::gone, this, [this] { end("screen gone"); });
+    connect(&m_screen, &PopupScreen::limitsChanged, this, [this] {
+        if (isOpen())
+            fitToScreen();
+    });
+}
 
 void PopupMenu::setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) {
     m_keyboard.setClosingKey(nativeKeyCode, modifiers);
@@ -13,7 +22,9 @@ void PopupMenu::open(const QList<MenuItem>& tree, MenuForm /*form*/) {
     close();
     m_phase = Phase::open;
     m_reason = nullptr;
-    show(tree);
+    const QPoint pointer = QCursor::pos();
+    m_screen.follow(pointer);
+    show(tree, pointer);
 }
 
 void PopupMenu::warmUp(const QList<MenuItem>& tree, MenuForm /*form*/) {

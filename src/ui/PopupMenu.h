@@ -2,17 +2,20 @@
 
 #include "menu/MenuRenderer.h"
 #include "ui/MenuKeyboard.h"
+#include "ui/PopupScreen.h"
 
 #include <optional>
 
 namespace quorvel {
 
 /// What every form of the menu does alike: the life of one showing, the keys that close it or
-/// choose from it, and the modifiers. A form shows, hides and fills its own windows.
+/// choose from it, the modifiers, and the screen. A form shows, hides and fills its own windows.
 class PopupMenu : public MenuRenderer {
     Q_OBJECT
 
 public:
+    PopupMenu();
+
     /// Lets key equivalents be found by their place on the keyboard, too; `keys` outlives this.
     void setKeyPositions(const HotKeyCenter& keys) { m_keyboard.setKeyPositions(keys); }
     void setClosingKey(quint32 nativeKeyCode, Modifiers modifiers) override;
@@ -26,11 +29,15 @@ public:
 protected:
     enum class KeyUse { taken, free };
 
-    virtual void show(const QList<MenuItem>& tree) = 0;
+    /// At this place of the desktop: the pointer's.
+    virtual void show(const QList<MenuItem>& tree, QPoint place) = 0;
     virtual void prepare(const QList<MenuItem>& tree) = 0;
 
     /// Takes every window away; `hidden` is called meanwhile.
     virtual void hide() = 0;
+
+    /// The screen has become larger or smaller; only called while open.
+    virtual void fitToScreen() = 0;
 
     /// Nothing is shown any more, and no event of the showing is under way.
     virtual void release() = 0;
@@ -51,6 +58,9 @@ protected:
 
     void choose(const MenuItem& item);
 
+    /// The one that the menu was last opened on.
+    const PopupScreen& screen() const { return m_screen; }
+
     /// The choice that this item means now.
     static MenuChoice choiceOf(const MenuItem& item);
 
@@ -62,6 +72,7 @@ private:
     void releaseWhenClosed();
 
     MenuKeyboard m_keyboard;
+    PopupScreen m_screen;
     Phase m_phase = Phase::closed;
     std::optional<MenuChoice> m_choice;
     const char* m_reason = nullptr; ///< Why the menu is being closed; null when the system does it.

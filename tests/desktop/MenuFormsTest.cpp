@@ -141,6 +141,36 @@ TEST_P(MenuFormsTest, theMouseAloneOpensPastesAndCloses) {
         << content(file).constData();
 }
 
+TEST_P(MenuFormsTest, aScreenThatIsUnpluggedOrShrinksHidesNoMenu) {
+    begin(TrayHost::none);
+    QStringList texts;
+    for (int i = 0; i < 12; ++i)
+        texts.append(QStringLiteral("clip %1").arg(i));
+    copy(texts);
+    const auto screens = [&](const QString& arguments) {
+        return desktop().run(QStringLiteral("xrandr"), arguments.split(u' ')).exitCode == 0;
+    };
+    const auto isWithin = [&](const QRect& limits) {
+        const auto menu = menuWindow();
+        return menu && limits.contains(*menu);
+    };
+    ASSERT_TRUE(screens(QStringLiteral("--setmonitor LEFT 640/160x800/200+0+0 screen")));
+    ASSERT_TRUE(screens(QStringLiteral("--setmonitor RIGHT 640/160x800/200+640+0 none")));
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("1000"), QStringLiteral("500")});
+    ASSERT_TRUE(openByKey());
+    EXPECT_TRUE(waitUntil([&] { return isWithin({640, 0, 640, 800}); }));
+    EXPECT_TRUE(menuCloses([&] { screens(QStringLiteral("--delmonitor RIGHT")); }));
+
+    ASSERT_TRUE(openByKey());
+    EXPECT_TRUE(waitUntil([&] { return isWithin({0, 0, 640, 800}); }));
+    desktop().run(QStringLiteral("xprop"),
+                  {QStringLiteral("-root"), QStringLiteral("-f"), QStringLiteral("_NET_WORKAREA"),
+                   QStringLiteral("32c"), QStringLiteral("-set"), QStringLiteral("_NET_WORKAREA"),
+                   QStringLiteral("0,0,600,300")});
+    EXPECT_TRUE(waitUntil([&] { return isWithin({0, 0, 600, 300}); }));
+    EXPECT_TRUE(menuCloses([&] { press(QStringLiteral("Escape")); }));
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, MenuFormsTest,
                          testing::Values(Form{"popover", true, 108}, Form{"native", false, 90}),
                          [](const auto& form) { return std::string(form.param.name); });

@@ -3,7 +3,6 @@
 #include "ui/MenuTree.h"
 #include "ui/popover/PopoverAccessible.h"
 
-#include <QCursor>
 #include <QKeyEvent>
 
 namespace quorvel {
@@ -19,7 +18,7 @@ PopoverMenu::PopoverMenu(const Icons& icons, const StringTable& strings)
     : m_thumbnails(rowPictures)
     , m_previews(previews)
     , m_context{icons, strings, m_thumbnails, m_previews}
-    , m_stack(m_context)
+    , m_stack(m_context, screen())
     , m_keys(m_stack)
     , m_pointer(m_stack)
     , m_tip(m_stack, m_context) {
@@ -44,10 +43,9 @@ void PopoverMenu::connectStack() {
     connect(&m_stack, &PopoverStack::pointed, &m_pointer, &PopoverPointer::take);
 }
 
-void PopoverMenu::show(const QList<MenuItem>& tree) {
-    const QPoint pointer = QCursor::pos();
-    m_pointer.begin(pointer);
-    m_stack.open(tree, pointer);
+void PopoverMenu::show(const QList<MenuItem>& tree, QPoint place) {
+    m_pointer.begin(place);
+    m_stack.open(tree, place);
     if (isOpen())
         secureGrab();
 }
@@ -75,6 +73,10 @@ void PopoverMenu::prepare(const QList<MenuItem>& tree) {
 
 void PopoverMenu::hide() {
     m_stack.hide();
+}
+
+void PopoverMenu::fitToScreen() {
+    m_stack.fitToScreen();
 }
 
 void PopoverMenu::release() {

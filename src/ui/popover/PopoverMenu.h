@@ -24,9 +24,10 @@ public:
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;
 
 private:
-    void show(const QList<MenuItem>& tree) override;
+    void show(const QList<MenuItem>& tree, QPoint place) override;
     void prepare(const QList<MenuItem>& tree) override;
     void hide() override;
+    void fitToScreen() override;
     void release() override;
     std::optional<MenuItem> find(const MenuKeyboard::Matches& matches) override;
 

@@ -22,13 +22,9 @@ QString queryOf(const QList<MenuItem>& items) {
 
 } // namespace
 
-PopoverStack::PopoverStack(const PopoverContext& context)
-    : m_context(context) {
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen* screen) {
-        if (screen == m_screen)
-            hide();
-    });
-}
+PopoverStack::PopoverStack(const PopoverContext& context, const PopupScreen& screen)
+    : m_context(context)
+    , m_screen(screen) {}
 
 /// The submenus first: the first panel is their parent.
 PopoverStack::~PopoverStack() {
@@ -40,8 +36,6 @@ PopoverStack::~PopoverStack() {
 
 void PopoverStack::open(const QList<MenuItem>& items, QPoint pointer) {
     useShape(isComposited() ? PanelFrame::Shape::blended : PanelFrame::Shape::square);
-    QScreen* screen = QGuiApplication::screenAt(pointer);
-    follow(screen ? screen : QGuiApplication::primaryScreen());
     PopoverPanel& root = panel(0);
     root.setItems(items);
     root.list().highlight(root.list().rows().firstPaste(), Reveal::no);
@@ -51,8 +45,8 @@ void PopoverStack::open(const QList<MenuItem>& items, QPoint pointer) {
     m_answeredQuery = root.searchField() ? root.searchField()->text() : QString();
     m_depth = 1;
     setLevel(0);
-    root.setPlace(
-        m_anchor.open(root.wantedSize(), pointer, limits(), QGuiApplication::layoutDirection()));
+    root.setPlace(m_anchor.open(root.wantedSize(), pointer, m_screen.limits(),
+                                QGuiApplication::layoutDirection()));
     // A click beside the popover only closes it: without this, a click on our tray icon would
     // close it and open it again.
     root.setAttribute(Qt::WA_NoMouseReplay);
@@ -91,23 +85,6 @@ PopoverPanel& PopoverStack::ensurePanel(int level) {
     while (int(m_panels.size()) <= level)
         addPanel(panel(0).shape());
     return panel(level);
-}
-
-void PopoverStack::follow(QScreen* screen) {
-    if (m_screen == screen)
-        return;
-    if (m_screen)
-        disconnect(m_screen, nullptr, this, nullptr);
-    m_screen = screen;
-    connect(screen, &QScreen::availableGeometryChanged, this, [this] {
-        if (isShown())
-            placeRoot();
-    });
-}
-
-QRect PopoverStack::limits() const {
-    const QScreen* screen = m_screen ? m_screen.data() : QGuiApplication::primaryScreen();
-    return screen ? screen->availableGeometry() : m_panels.front()->place();
 }
 
 void PopoverStack::setItems(const QList<MenuItem>& items) {
@@ -314,7 +291,7 @@ void PopoverStack::placeRoot() {
     QSize size = root.wantedSize();
     if (root.searchField() && !root.searchField()->text().isEmpty())
         size = size.expandedTo(root.place().size());
-    const QRect place = m_anchor.resized(root.place(), size, limits());
+    const QRect place = m_anchor.resized(root.place(), size, m_screen.limits());
     if (place != root.place())
         root.setPlace(place);
 }
@@ -327,7 +304,7 @@ void PopoverStack::placeSubmenu(int level) {
         QRect place(placed.place().topLeft(), size);
         if (m_sides[std::size_t(level)] == PanelSide::left)
             place.moveRight(placed.place().right());
-        return placed.setPlace(movedInto(limits(), place));
+        return placed.setPlace(movedInto(m_screen.limits(), place));
     }
     const PopoverList& parent = list(level - 1);
     const QRect row = parent.placeOf(parent.openRow());
@@ -336,7 +313,7 @@ void PopoverStack::placeSubmenu(int level) {
     const PanelSide wanted = level > 1 ? m_sides[std::size_t(level) - 1] : first;
     const SubmenuPlace found =
         placedBeside(panel(level - 1).place(), row.translated(parent.mapToGlobal(QPoint())), size,
-                     wanted, limits());
+                     wanted, m_screen.limits());
     m_sides[std::size_t(level)] = found.side;
     placed.setPlace(found.place);
 }

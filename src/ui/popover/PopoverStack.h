@@ -1,10 +1,8 @@
 #pragma once
 
+#include "ui/PopupScreen.h"
 #include "ui/popover/PanelPlacement.h"
 #include "ui/popover/PopoverPanel.h"
-
-#include <QPointer>
-#include <QScreen>
 
 #include <memory>
 #include <vector>
@@ -29,7 +27,7 @@ public:
 
     enum class By { keyboard, pointer };
 
-    explicit PopoverStack(const PopoverContext& context);
+    PopoverStack(const PopoverContext& context, const PopupScreen& screen);
     ~PopoverStack() override;
 
     void open(const QList<MenuItem>& items, QPoint pointer);
@@ -41,6 +39,9 @@ public:
     /// Forgets all items. Only while hidden.
     void release();
     void repaint();
+
+    /// The screen has become larger or smaller. Only while shown.
+    void fitToScreen() { placeRoot(); }
 
     bool isShown() const { return m_depth > 0; }
     int depth() const { return m_depth; }
@@ -88,8 +89,6 @@ private:
     void useShape(PanelFrame::Shape shape);
     void addPanel(PanelFrame::Shape shape);
     PopoverPanel& ensurePanel(int level);
-    void follow(QScreen* screen);
-    QRect limits() const;
     bool takesNewQuery(const QList<MenuItem>& items);
     void showFirstFound();
     void refreshSubmenus();
@@ -99,10 +98,10 @@ private:
     void enter(int level);
 
     const PopoverContext& m_context;
+    const PopupScreen& m_screen;
     std::vector<std::unique_ptr<PopoverPanel>> m_panels; ///< Kept; the first `m_depth` are shown.
     std::vector<PanelSide> m_sides;
     PanelAnchor m_anchor;
-    QPointer<QScreen> m_screen;
     QString m_itemsQuery;    ///< What the items are the answer to.
     QString m_answeredQuery; ///< What was in the field when the items were last replaced.
     int m_depth = 0;

@@ -1,10 +1,8 @@
 #include "support/raw/OwnerOptions.h"
 
-#include "support/raw/RawDisplay.h"
+#include "support/raw/Options.h"
 
 #include <fstream>
-#include <functional>
-#include <map>
 #include <sstream>
 
 namespace quorvel::raw {
@@ -54,66 +52,48 @@ OfferedType parseOffer(const std::string& argument) {
             value.starts_with('@') ? contentOf(value.substr(1)) : value};
 }
 
-long number(const std::string& text) {
-    std::size_t end = 0;
-    const long value = std::stol(text, &end);
-    if (end != text.size() || value < 0)
-        fail("not a number: " + text);
-    return value;
-}
-
-using Apply = std::function<void(OwnerOptions&, const std::string&)>;
-
-const std::map<std::string, Apply>& flags() {
-    static const std::map<std::string, Apply> table{
-        {"--secret",
-         [](auto& o, const auto&) {
-             o.offers.insert(o.offers.begin(), {"x-kde-passwordManagerHint", "secret"});
-         }},
-        {"--targets-only", [](auto& o, const auto&) { o.answering = Answering::targetsOnly; }},
-        {"--await-fetch", [](auto& o, const auto&) { o.awaitFetch = true; }},
-        {"--silent", [](auto& o, const auto&) { o.answering = Answering::nothing; }},
-    };
-    return table;
-}
-
-const std::map<std::string, Apply>& optionsWithValue() {
+const OptionTable<OwnerOptions>& table() {
     using Milliseconds = OwnerOptions::Milliseconds;
-    static const std::map<std::string, Apply> table{
-        {"--selection", [](auto& o, const auto& v) { o.selection = v; }},
-        {"--text",
-         [](auto& o, const auto& v) {
-             o.offers.push_back({"UTF8_STRING", v});
-         }},
-        {"--delay", [](auto& o, const auto& v) { o.delay = Milliseconds(number(v)); }},
-        {"--incr", [](auto& o, const auto& v) { o.incremental = number(v); }},
-        {"--stall-after", [](auto& o, const auto& v) { o.stallAfter = number(v); }},
-        {"--burst", [](auto& o, const auto& v) { o.burst = static_cast<int>(number(v)); }},
-        {"--every", [](auto& o, const auto& v) { o.burstInterval = Milliseconds(number(v)); }},
-        {"--burst-text", [](auto& o, const auto& v) { o.burstText = v; }},
-        {"--clear-after", [](auto& o, const auto& v) { o.clearAfter = Milliseconds(number(v)); }},
-        {"--exit-after", [](auto& o, const auto& v) { o.exitAfter = Milliseconds(number(v)); }},
+    static const OptionTable<OwnerOptions> known{
+        .flags =
+            {
+                {"--secret",
+                 [](auto& o, const auto&) {
+                     o.offers.insert(o.offers.begin(), {"x-kde-passwordManagerHint", "secret"});
+                 }},
+                {"--targets-only",
+                 [](auto& o, const auto&) { o.answering = Answering::targetsOnly; }},
+                {"--await-fetch", [](auto& o, const auto&) { o.awaitFetch = true; }},
+                {"--silent", [](auto& o, const auto&) { o.answering = Answering::nothing; }},
+            },
+        .withValue =
+            {
+                {"--selection", [](auto& o, const auto& v) { o.selection = v; }},
+                {"--text",
+                 [](auto& o, const auto& v) {
+                     o.offers.push_back({"UTF8_STRING", v});
+                 }},
+                {"--delay", [](auto& o, const auto& v) { o.delay = Milliseconds(number(v)); }},
+                {"--incr", [](auto& o, const auto& v) { o.incremental = number(v); }},
+                {"--stall-after", [](auto& o, const auto& v) { o.stallAfter = number(v); }},
+                {"--burst", [](auto& o, const auto& v) { o.burst = static_cast<int>(number(v)); }},
+                {"--every",
+                 [](auto& o, const auto& v) { o.burstInterval = Milliseconds(number(v)); }},
+                {"--burst-text", [](auto& o, const auto& v) { o.burstText = v; }},
+                {"--clear-after",
+                 [](auto& o, const auto& v) { o.clearAfter = Milliseconds(number(v)); }},
+                {"--exit-after",
+                 [](auto& o, const auto& v) { o.exitAfter = Milliseconds(number(v)); }},
+            },
+        .other = [](auto& o, const auto& word) { o.offers.push_back(parseOffer(word)); },
     };
-    return table;
+    return known;
 }
 
 } // namespace
 
 OwnerOptions ownerOptions(const std::vector<std::string>& arguments) {
-    OwnerOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (const auto flag = flags().find(argument); flag != flags().end()) {
-            flag->second(options, {});
-        } else if (const auto option = optionsWithValue().find(argument);
-                   option != optionsWithValue().end()) {
-            if (++i == arguments.size())
-                fail(argument + " needs a value");
-            option->second(options, arguments[i]);
-        } else {
-            options.offers.push_back(parseOffer(argument));
-        }
-    }
+    const OwnerOptions options = readOptions(arguments, table());
     if (options.offers.empty() && options.burst == 0)
         fail(ownerUsage);
     return options;

@@ -1,5 +1,7 @@
 #include "support/raw/Reader.h"
 
+#include "support/raw/Options.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -22,30 +24,31 @@ namespace {
 
 constexpr const char* multipleProperty = "RAW_MULTIPLE";
 
+const OptionTable<ReaderOptions>& table() {
+    static const OptionTable<ReaderOptions> known{
+        .flags = {{"--multiple", [](auto& o, const auto&) { o.multiple = true; }}},
+        .withValue =
+            {
+                {"--selection", [](auto& o, const auto& v) { o.selection = v; }},
+                {"--time",
+                 [](auto& o, const auto& v) { o.time = static_cast<xcb_timestamp_t>(number(v)); }},
+                {"--timeout",
+                 [](auto& o, const auto& v) { o.patience = std::chrono::milliseconds(number(v)); }},
+            },
+        .other =
+            [](auto& o, const auto& word) {
+                if (word.starts_with("--"))
+                    fail(readerUsage);
+                o.targets.push_back(word);
+            },
+    };
+    return known;
+}
+
 } // namespace
 
 ReaderOptions readerOptions(const std::vector<std::string>& arguments) {
-    ReaderOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        const auto value = [&]() -> const std::string& {
-            if (++i == arguments.size())
-                fail(argument + " needs a value");
-            return arguments[i];
-        };
-        if (argument == "--selection")
-            options.selection = value();
-        else if (argument == "--time")
-            options.time = static_cast<xcb_timestamp_t>(std::stoul(value()));
-        else if (argument == "--timeout")
-            options.patience = std::chrono::milliseconds(std::stol(value()));
-        else if (argument == "--multiple")
-            options.multiple = true;
-        else if (argument.starts_with("--"))
-            fail(readerUsage);
-        else
-            options.targets.push_back(argument);
-    }
+    const ReaderOptions options = readOptions(arguments, table());
     if (options.targets.empty())
         fail(readerUsage);
     return options;

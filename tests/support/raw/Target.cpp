@@ -1,8 +1,9 @@
 #include "support/raw/Target.h"
 
+#include "support/raw/Options.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <stdexcept>
 
 namespace quorvel::raw {
 
@@ -20,29 +21,26 @@ namespace {
 constexpr xcb_keycode_t pasteKey = 55;
 constexpr std::uint16_t side = 200;
 
+const OptionTable<TargetOptions>& table() {
+    static const OptionTable<TargetOptions> known{
+        .flags = {{"--timeless", [](auto& o, const auto&) { o.isTimeless = true; }}},
+        .withValue =
+            {
+                {"--class", [](auto& o, const auto& v) { o.windowClass = v; }},
+                {"--delay",
+                 [](auto& o, const auto& v) { o.delay = std::chrono::milliseconds(number(v)); }},
+                {"--die-on",
+                 [](auto& o, const auto& v) { o.keysUntilExit = static_cast<int>(number(v)); }},
+            },
+        .other = [](auto&, const auto&) { fail(targetUsage); },
+    };
+    return known;
+}
+
 } // namespace
 
 TargetOptions targetOptions(const std::vector<std::string>& arguments) {
-    TargetOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        const auto value = [&]() -> const std::string& {
-            if (++i == arguments.size())
-                fail(argument + " needs a value");
-            return arguments[i];
-        };
-        if (argument == "--class")
-            options.windowClass = value();
-        else if (argument == "--delay")
-            options.delay = std::chrono::milliseconds(std::stol(value()));
-        else if (argument == "--timeless")
-            options.isTimeless = true;
-        else if (argument == "--die-on")
-            options.keysUntilExit = std::stoi(value());
-        else
-            fail(targetUsage);
-    }
-    return options;
+    return readOptions(arguments, table());
 }
 
 Target::Target(TargetOptions options)
