@@ -38,11 +38,12 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
                 m_environment.clock, m_environment.mainQueue)
     , m_focusTracker(m_adapters.workspace, m_environment.mainQueue, m_environment.processIdentifier)
     , m_pasteDelivery(m_adapters.pasteboard, m_watcher, m_focusTracker, m_adapters.workspace,
-                      m_adapters.keyPoster, m_environment.mainQueue)
+                      m_adapters.keyPoster, m_clipboardTurns, m_environment.mainQueue)
     , m_pasteEngine(m_pasteDelivery, m_history)
     , m_hotKeys(m_adapters.hotKeys, m_preferences, m_preferenceStore)
     , m_copyTools(m_adapters.pasteboard, m_watcher)
-    , m_selectionTaker(m_adapters.selectedText, m_adapters.pasteboard, m_watcher, m_focusTracker)
+    , m_selectionTaker(m_adapters.selectedText, m_adapters.pasteboard, m_watcher, m_focusTracker,
+                       m_clipboardTurns)
     , m_appendCopy(m_selectionTaker, m_adapters.pasteboard, m_watcher, m_history)
     , m_folderSnippets(m_store, m_detector, m_smartPluginRegistry)
     , m_searchTexts(m_preferences)
@@ -228,6 +229,9 @@ void AppDelegate::wireTextTools() {
     m_environment.mainQueue.after(std::chrono::milliseconds(300), this,
                                   [this] { followKeyboardLayouts(); });
     connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
+    connect(&m_layoutRetyping, &LayoutRetyping::noSelection, this, [this](auto outcome) {
+        m_adapters.desktop.showNotice(appendNotice({outcome, {}, {}}, m_environment.strings));
+    });
     connect(&m_layoutRetyping, &LayoutRetyping::impossible, this, [this] {
         const StringTable& strings = m_environment.strings;
         m_adapters.desktop.showNotice(

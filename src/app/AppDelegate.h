@@ -98,6 +98,7 @@ private:
     HistoryStore m_historyStore;
     PasteboardWatcher m_watcher;
     FocusTracker m_focusTracker;
+    ClipboardTurns m_clipboardTurns;
     PasteDelivery m_pasteDelivery;
     PasteEngine m_pasteEngine;
     GlobalHotKeys m_hotKeys;

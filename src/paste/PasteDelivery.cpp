@@ -6,12 +6,13 @@ namespace quorvel {
 
 PasteDelivery::PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher,
                              FocusTracker& focus, Workspace& workspace, KeyPoster& keys,
-                             MainQueue& mainQueue)
+                             ClipboardTurns& turns, MainQueue& mainQueue)
     : m_pasteboard(pasteboard)
     , m_watcher(watcher)
     , m_focus(focus)
     , m_workspace(workspace)
     , m_keys(keys)
+    , m_turns(turns)
     , m_mainQueue(mainQueue) {
     connect(&m_pasteboard, &Pasteboard::fetched, this, [this] {
         ++m_counts.fetched;
@@ -19,23 +20,25 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher,
     });
 }
 
-void PasteDelivery::deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards) {
+void PasteDelivery::deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards,
+                            const std::optional<FocusTarget>& target) {
     ++m_counts.asked;
-    m_waiting.push_back({items, afterwards});
-    if (!m_current)
-        startNext();
+    const Delivery delivery{items, afterwards, target};
+    m_turns.ask([self = QPointer(this), delivery] {
+        if (self)
+            self->start(delivery);
+    });
 }
 
-void PasteDelivery::startNext() {
-    if (m_waiting.empty())
-        return;
-    m_current = std::move(m_waiting.front());
-    m_waiting.pop_front();
+void PasteDelivery::start(const Delivery& delivery) {
+    m_current = delivery;
     m_current->before = m_pasteboard.items();
     write(m_current->items);
     m_current->written = m_pasteboard.changeCount();
     if (!mayPressKeys())
         return finish(); // The user pastes by hand, and needs the content there.
+    if (!isInFront(m_current->target))
+        return keysDone(PostOutcome::focusElsewhere);
     m_restoreTimer =
         m_mainQueue.after(restoreDelay, this, [this] { mark(&Delivery::isRestoreDue); });
     pressKeys();
@@ -54,8 +57,13 @@ bool PasteDelivery::mayPressKeys() {
     return isTrusted;
 }
 
+bool PasteDelivery::isInFront(const std::optional<FocusTarget>& target) const {
+    const auto& front = m_focus.target();
+    return front ? target && front->window == target->window : !target;
+}
+
 void PasteDelivery::pressKeys() {
-    std::optional<FocusTarget> target = m_focus.target();
+    std::optional<FocusTarget> target = m_current->target;
     if (target && !m_workspace.isRunning(*target))
         target.reset();
     if (target)
@@ -69,6 +77,7 @@ void PasteDelivery::pressKeys() {
 }
 
 void PasteDelivery::keysDone(PostOutcome outcome) {
+    emit keysPosted(outcome);
     if (outcome == PostOutcome::posted) {
         ++m_counts.posted;
         m_patience = m_mainQueue.after(fetchPatience, this, [this] { mark(&Delivery::isFetched); });
@@ -76,7 +85,6 @@ void PasteDelivery::keysDone(PostOutcome outcome) {
     } else {
         finish();
     }
-    emit keysPosted(outcome);
 }
 
 void PasteDelivery::mark(bool Delivery::*step) {
@@ -107,7 +115,7 @@ void PasteDelivery::finish() {
     m_restoreTimer.cancel();
     m_patience.cancel();
     m_current.reset();
-    startNext();
+    m_turns.end();
 }
 
 } // namespace quorvel

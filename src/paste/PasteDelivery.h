@@ -2,13 +2,13 @@
 
 #include "clipboard/PasteboardWatcher.h"
 #include "foundation/MainQueue.h"
+#include "paste/ClipboardTurns.h"
 #include "paste/FocusTracker.h"
 #include "platform/KeyPoster.h"
 #include "platform/Pasteboard.h"
 
 #include <QObject>
 
-#include <deque>
 #include <optional>
 
 namespace quorvel {
@@ -31,11 +31,19 @@ class PasteDelivery final : public QObject {
 
 public:
     PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher, FocusTracker& focus,
-                  Workspace& workspace, KeyPoster& keys, MainQueue& mainQueue);
+                  Workspace& workspace, KeyPoster& keys, ClipboardTurns& turns,
+                  MainQueue& mainQueue);
 
-    /// At once, or when the pastes that were asked for before are done: a paste that overtakes
-    /// another would put its own content in the place of that one's.
-    void deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards);
+    /// At once, or when it has its turn with the clipboard: a paste that overtakes another would
+    /// put its own content in the place of that one's. Without the keys when the user has gone to
+    /// another program than the target by then.
+    void deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards,
+                 const std::optional<FocusTarget>& target);
+
+    /// Into the program that had the focus last.
+    void deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards) {
+        deliver(items, afterwards, m_focus.target());
+    }
 
     const PasteCounts& counts() const { return m_counts; }
 
@@ -64,6 +72,7 @@ private:
     struct Delivery {
         QList<ClipboardSnapshotItem> items;
         Afterwards afterwards = Afterwards::pasted;
+        std::optional<FocusTarget> target = {};
         QList<ClipboardSnapshotItem> before = {};
         qint64 written = 0; ///< The change count.
         bool arePosted = false;
@@ -72,9 +81,10 @@ private:
         bool isRestored = false;
     };
 
-    void startNext();
+    void start(const Delivery& delivery);
     void write(const QList<ClipboardSnapshotItem>& items);
     bool mayPressKeys();
+    bool isInFront(const std::optional<FocusTarget>& target) const;
     void pressKeys();
     void keysDone(PostOutcome outcome);
     void mark(bool Delivery::*step);
@@ -87,9 +97,9 @@ private:
     FocusTracker& m_focus;
     Workspace& m_workspace;
     KeyPoster& m_keys;
+    ClipboardTurns& m_turns;
     MainQueue& m_mainQueue;
     std::optional<Delivery> m_current;
-    std::deque<Delivery> m_waiting;
     PasteCounts m_counts;
     WorkItem m_restoreTimer;
     WorkItem m_patience;

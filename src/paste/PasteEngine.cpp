@@ -61,6 +61,11 @@ void PasteEngine::pasteText(const QString& text, PasteOption option,
         used();
 }
 
+void PasteEngine::replaceSelection(const QString& text, const std::optional<FocusTarget>& target) {
+    m_delivery.deliver({textItem(text)}, Afterwards::whatWasBefore, target);
+    emit pasted(text);
+}
+
 void PasteEngine::pasteEdited(const EditRequest& request, const EditBeforePasteState& state) {
     paste(resultItems(request, state), request.option);
     emit pasted(resultText(state));

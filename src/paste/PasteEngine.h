@@ -26,6 +26,9 @@ public:
     void pasteText(const QString& text, PasteOption option = PasteOption::normal,
                    const std::function<void()>& used = {});
 
+    /// Pastes in the place of what was selected in the target, and keeps the clipboard.
+    void replaceSelection(const QString& text, const std::optional<FocusTarget>& target);
+
     /// Pastes what has become of a text that was to be edited.
     void pasteEdited(const EditRequest& request, const EditBeforePasteState& state);
 

@@ -5,29 +5,40 @@
 namespace quorvel {
 
 SelectionTaker::SelectionTaker(SelectedText& selectedText, Pasteboard& pasteboard,
-                               PasteboardWatcher& watcher, FocusTracker& focus)
+                               PasteboardWatcher& watcher, FocusTracker& focus,
+                               ClipboardTurns& turns)
     : m_selectedText(selectedText)
     , m_pasteboard(pasteboard)
     , m_watcher(watcher)
-    , m_focus(focus) {}
+    , m_focus(focus)
+    , m_turns(turns) {}
 
 bool SelectionTaker::take(SelectedText::Done done) {
     if (std::exchange(m_isTaking, true))
         return false;
+    m_focus.refresh();
+    m_source = m_focus.target();
+    m_turns.ask([this, receiver = QPointer(&m_receiver), done = std::move(done)] {
+        if (receiver)
+            begin(done);
+    });
+    return true;
+}
+
+void SelectionTaker::begin(const SelectedText::Done& done) {
     m_watcher.tick(); // What was copied until now is the user's own.
     m_watcher.suppressCapture(suppression);
-    m_focus.refresh();
-    const auto settled = [this, receiver = QPointer(&m_receiver), done = std::move(done),
-                          before = m_pasteboard.items(), changeCount = m_pasteboard.changeCount()](
-                             const SelectedTextResult& result) {
-        if (!receiver)
-            return;
-        m_isTaking = false;
-        settle(before, changeCount);
-        done(result);
-    };
-    m_selectedText.take(m_focus.target(), settled);
-    return true;
+    const auto settled =
+        [this, receiver = QPointer(&m_receiver), done, before = m_pasteboard.items(),
+         changeCount = m_pasteboard.changeCount()](const SelectedTextResult& result) {
+            if (!receiver)
+                return;
+            m_isTaking = false;
+            settle(before, changeCount);
+            done(result);
+            m_turns.end();
+        };
+    m_selectedText.take(m_source, settled);
 }
 
 void SelectionTaker::settle(const QList<ClipboardSnapshotItem>& before, qint64 changeCount) {

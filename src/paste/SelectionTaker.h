@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clipboard/PasteboardWatcher.h"
+#include "paste/ClipboardTurns.h"
 #include "paste/FocusTracker.h"
 #include "platform/SelectedText.h"
 
@@ -11,21 +12,29 @@ namespace quorvel {
 class SelectionTaker {
 public:
     SelectionTaker(SelectedText& selectedText, Pasteboard& pasteboard, PasteboardWatcher& watcher,
-                   FocusTracker& focus);
+                   FocusTracker& focus, ClipboardTurns& turns);
 
-    /// False, and `done` never called, while a selection is being taken already.
+    /// Of the program that has the focus now, when the clipboard is free. False, and `done` never
+    /// called, while a selection is being taken already. What `done` does belongs to the same turn
+    /// with the clipboard.
     bool take(SelectedText::Done done);
+
+    /// The program that the last selection was asked of.
+    const std::optional<FocusTarget>& source() const { return m_source; }
 
     /// From the question on, what is copied belongs to the answer.
     static constexpr std::chrono::milliseconds suppression{2000};
 
 private:
+    void begin(const SelectedText::Done& done);
     void settle(const QList<ClipboardSnapshotItem>& before, qint64 changeCount);
 
     SelectedText& m_selectedText;
     Pasteboard& m_pasteboard;
     PasteboardWatcher& m_watcher;
     FocusTracker& m_focus;
+    ClipboardTurns& m_turns;
+    std::optional<FocusTarget> m_source;
     bool m_isTaking = false;
     QObject m_receiver; ///< Ends the waiting with us.
 };

@@ -38,7 +38,8 @@ protected:
     FakeKeyPoster keyPoster;
     FakeMenuRenderer renderer;
     FocusTracker focus{workspace, mainQueue, 1};
-    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    ClipboardTurns turns;
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, turns, mainQueue};
     PasteEngine engine{delivery, history};
     GlobalHotKeys hotKeys{center, preferences, store};
     StatusMenuController menu{{.content = content,

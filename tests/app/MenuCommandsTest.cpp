@@ -22,7 +22,8 @@ protected:
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, 1};
-    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    ClipboardTurns turns;
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, turns, mainQueue};
     PasteEngine engine{delivery, history};
     CopyTools copyTools{pasteboard, watcher};
     FakeDesktop desktop;

@@ -228,6 +228,14 @@ TEST_F(X11KeyPosterTest, theFocusMayComeLater) {
     EXPECT_THAT(other.keys(target), IsEmpty());
 }
 
+TEST_F(X11KeyPosterTest, aProgramMayHandTheFocusOnToAPartOfItsElement) {
+    const xcb_window_t target = other.open("Gtk4Editor");
+    const xcb_window_t part = other.addElement(target);
+    other.focus(part);
+    EXPECT_EQ(answer(post(poster(), FocusTarget{0, target, target})), PostOutcome::posted);
+    EXPECT_TRUE(receives(part, {keyboard::v, controlState}));
+}
+
 TEST_F(X11KeyPosterTest, noKeyIsSentBeforeTheServerKnowsTheNewContent) {
     const xcb_window_t target = other.open("Mousepad");
     other.focus(target);

@@ -32,7 +32,8 @@ protected:
 
     FakeSelectedText selectedText{pasteboard};
     FocusTracker focus{workspace, mainQueue, 1};
-    SelectionTaker taker{selectedText, pasteboard, watcher, focus};
+    ClipboardTurns turns;
+    SelectionTaker taker{selectedText, pasteboard, watcher, focus, turns};
     AppendCopy appendCopy{taker, pasteboard, watcher, history};
     QList<Outcome> results;
 };
@@ -102,6 +103,19 @@ TEST_F(AppendCopyTest, OneAtATimeAndOfTheProgramInFront) {
     selectedText.answer(QStringLiteral("once"));
     EXPECT_FALSE(selectedText.isAsked());
     EXPECT_EQ(pasteboard.string(), QStringLiteral("once"));
+}
+
+TEST_F(AppendCopyTest, WaitsForAPasteThatNeedsTheClipboard) {
+    copied(QStringLiteral("old"));
+    bool isPasting = true;
+    turns.ask([&] { pasteboard.write({textItem(QStringLiteral("pasted"))}); });
+    appendCopy.append();
+    turns.ask([&] { isPasting = false; });
+    EXPECT_FALSE(selectedText.isAsked());
+    turns.end();
+    selectedText.answer(QStringLiteral("selected"));
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("pasted\nselected"));
+    EXPECT_FALSE(isPasting) << "the next in turn";
 }
 
 } // namespace quorvel::testing

@@ -43,7 +43,8 @@ protected:
 
     FakeKeyPoster keyPoster;
     FocusTracker focus{workspace, mainQueue, ownProcess};
-    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, mainQueue};
+    ClipboardTurns turns;
+    PasteDelivery delivery{pasteboard, watcher, focus, workspace, keyPoster, turns, mainQueue};
     PasteEngine engine{delivery, history};
 };
 
@@ -246,6 +247,22 @@ TEST_F(PasteEngineTest, APasteWaitsUntilTheOneBeforeHasArrived) {
     mainQueue.advance(160ms + PasteDelivery::fetchPatience);
     EXPECT_EQ(pasteboard.string(), QStringLiteral("d")) << "no keys were pressed";
     EXPECT_EQ(keyPoster.posts().size(), 4);
+}
+
+TEST_F(PasteEngineTest, APasteThatHadToWaitDoesNotFollowTheUserIntoAnotherProgram) {
+    QSignalSpy posted(&delivery, &PasteDelivery::keysPosted);
+    engine.pasteText(QStringLiteral("first"));
+    engine.pasteText(QStringLiteral("second"));
+    mainQueue.advance(90ms);
+    workspace.setFrontmost(program(8, 80), 81);
+    mainQueue.advance(PasteDelivery::fetchPatience + 100ms);
+    EXPECT_EQ(keyPoster.posts().size(), 1);
+    EXPECT_EQ(workspace.activations().size(), 1);
+    EXPECT_EQ(posted.last().first().value<PostOutcome>(), PostOutcome::focusElsewhere);
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("second")) << "to be pasted by hand";
+    engine.pasteText(QStringLiteral("third"));
+    mainQueue.advance(90ms);
+    EXPECT_EQ(keyPoster.posts().last(), (FocusTarget{8, 80, 81}));
 }
 
 TEST(FocusTracker, PollsWhereChangesAreNotAnnounced) {

@@ -10,6 +10,7 @@ namespace quorvel {
 
 /// Puts what was typed in the wrong keyboard layout right: the selected text, else the last one
 /// that was copied, is pasted as it would be in the next layout, and that layout is switched on.
+/// The last one that was copied is not meant when the user goes on with what this has just pasted.
 class LayoutRetyping final : public QObject {
     Q_OBJECT
 
@@ -32,11 +33,18 @@ signals:
     /// No configured layout makes another text of it, or there is no text.
     void impossible();
 
+    /// There is no selection to go on with.
+    void noSelection(quorvel::SelectedTextResult::Outcome outcome);
+
 private:
+    void retype(const SelectedTextResult& selected);
     void retype(const QString& text);
-    QString lastText() const;
+    bool isGoingOn() const;
+    QString lastCopied() const;
 
     const Parts m_parts;
+    std::optional<FocusTarget> m_lastTarget; ///< Of the last paste.
+    QString m_lastCopied;                    ///< At that time.
 };
 
 } // namespace quorvel

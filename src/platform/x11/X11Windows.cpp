@@ -37,7 +37,7 @@ bool X11Windows::isInside(xcb_window_t window, xcb_window_t ancestor) const {
 bool X11Windows::holdsFocus(xcb_window_t window, xcb_window_t element, xcb_window_t focus) const {
     if (focus == XCB_WINDOW_NONE || !isInside(focus, window))
         return false;
-    return focus == element || !isInside(element, window);
+    return isInside(focus, element) || !isInside(element, window);
 }
 
 WindowClass X11Windows::classOf(xcb_window_t window) const {

@@ -32,7 +32,8 @@ public:
     bool isInside(xcb_window_t window, xcb_window_t ancestor) const;
 
     /// Whether a target (a top window and an element in it) has the focus, which is at `focus`.
-    /// An element that is 0, gone or not in the window stands for the whole window.
+    /// An element that is 0, gone or not in the window stands for the whole window; a program may
+    /// hand the focus on to a part of the element.
     bool holdsFocus(xcb_window_t window, xcb_window_t element, xcb_window_t focus) const;
 
     WindowClass classOf(xcb_window_t window) const;
