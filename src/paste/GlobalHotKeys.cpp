@@ -13,7 +13,7 @@ GlobalHotKeys::GlobalHotKeys(HotKeyCenter& center, const Preferences& preference
     connect(&m_center, &HotKeyCenter::pressed, this, [this](quint32 id, Modifiers modifiersHeld) {
         emit pressed(HotKeyId(id), modifiersHeld);
     });
-    connect(&m_center, &HotKeyCenter::keyboardChanged, this, &GlobalHotKeys::registerAgain);
+    connect(&m_center, &HotKeyCenter::keyboardChanged, this, &GlobalHotKeys::followKeyboard);
     connect(&store, &PreferenceStore::changed, this, &GlobalHotKeys::preferenceChanged);
 }
 
@@ -30,11 +30,9 @@ void GlobalHotKeys::registerAll() {
     if (m_suspensions > 0)
         return;
     releaseKeys();
-    m_states.clear();
-    for (const ConfigurableHotKey& hotKey : configurableHotKeys)
-        registerConfigurable(hotKey);
-    for (int position = 0; position < recentClipKeys.size(); ++position)
-        registerRecentClip(position);
+    m_states = wantedStates();
+    for (HotKeyState& state : m_states)
+        registerState(state);
     emit registered();
 }
 
@@ -55,43 +53,84 @@ void GlobalHotKeys::resume() {
         registerAgain();
 }
 
-void GlobalHotKeys::registerConfigurable(const ConfigurableHotKey& hotKey) {
+/// As they should be; nothing is registered yet.
+QList<HotKeyState> GlobalHotKeys::wantedStates() {
+    QList<HotKeyState> states;
+    for (const ConfigurableHotKey& hotKey : configurableHotKeys)
+        states.append(wantedState(hotKey));
+    for (int position = 0; position < recentClipKeys.size(); ++position)
+        states.append(wantedState(position));
+    return states;
+}
+
+HotKeyState GlobalHotKeys::wantedState(const ConfigurableHotKey& hotKey) {
     HotKeyState state{hotKey.id, QString::fromLatin1(hotKey.preference.name),
                       m_preferences.hotKey(hotKey.preference)};
     reportUnusable(hotKey.preference);
-    if (m_handled.contains(hotKey.id)) {
-        state.result = HotKeyState::Result::noSuchKey;
-        if (const auto position = m_center.positionFor(state.shortcut.key.front())) {
-            state.position = *position;
-            registerState(state, {});
-        }
-    }
-    m_states.append(state);
+    if (!m_handled.contains(hotKey.id))
+        return state;
+    const auto position = m_center.positionFor(state.shortcut.key.front());
+    state.position = position.value_or(0);
+    state.result = position ? HotKeyState::Result::taken : HotKeyState::Result::noSuchKey;
+    return state;
 }
 
-void GlobalHotKeys::registerRecentClip(int position) {
-    HotKeyState state{HotKeyId(quint32(HotKeyId::firstRecentClip) + quint32(position)),
-                      QStringLiteral("recentClip%1").arg(position + 1),
-                      {recentClipKeys.at(position), recentClipModifiers.toInt()},
-                      m_center.numberRowPosition(position)};
-    registerState(state, recentClipOptionalModifiers);
-    m_states.append(state);
+HotKeyState GlobalHotKeys::wantedState(int recentClipPosition) const {
+    return {HotKeyId(quint32(HotKeyId::firstRecentClip) + quint32(recentClipPosition)),
+            QStringLiteral("recentClip%1").arg(recentClipPosition + 1),
+            {recentClipKeys.at(recentClipPosition), recentClipModifiers.toInt()},
+            m_center.numberRowPosition(recentClipPosition),
+            HotKeyState::Result::taken};
 }
 
-void GlobalHotKeys::registerState(HotKeyState& state, Modifiers optionalModifiers) {
+void GlobalHotKeys::registerState(HotKeyState& state) {
     using Result = HotKeyState::Result;
+    if (state.result != Result::taken)
+        return;
+    const Modifiers optional =
+        recentClipPosition(state.id) ? recentClipOptionalModifiers : Modifiers();
     const auto registration = m_center.registerHotKey(state.position, state.shortcut.modifiers(),
-                                                      quint32(state.id), optionalModifiers);
+                                                      quint32(state.id), optional);
     state.status = registration.status;
-    state.result = registration.status == 0 ? Result::bound : Result::taken;
-    if (state.result == Result::bound) {
-        m_hotKeyRefs.append(registration.reference);
+    state.reference = registration.reference;
+    if (registration.status == 0) {
+        state.result = Result::bound;
         return;
     }
     state.takenBy = ownerOf(state);
     logLine(QStringLiteral("[Quorvel HotKey] registration failed id=%1 status=%2")
                 .arg(quint32(state.id))
                 .arg(registration.status));
+}
+
+void GlobalHotKeys::followKeyboard(KeyboardChange change) {
+    if (!m_active || m_suspensions > 0)
+        return;
+    if (change == KeyboardChange::everything || !moveKeys())
+        registerAll();
+}
+
+/// Registers anew only what is on another key now: a key that is let go of, however shortly, goes
+/// to the program in front meanwhile. False when one did not get its new key.
+bool GlobalHotKeys::moveKeys() {
+    QList<HotKeyState> wanted = wantedStates();
+    QList<qsizetype> moved;
+    for (qsizetype i = 0; i < wanted.size(); ++i)
+        if (wanted.at(i).position == m_states.at(i).position && m_states.at(i).takenBy.isEmpty())
+            wanted[i] = m_states.at(i);
+        else
+            moved.append(i);
+    for (const qsizetype i : moved)
+        release(m_states[i]);
+    m_states = wanted;
+    bool haveAll = true;
+    for (const qsizetype i : moved) {
+        registerState(m_states[i]);
+        haveAll = haveAll && m_states.at(i).result != HotKeyState::Result::taken;
+    }
+    if (!moved.isEmpty())
+        emit registered();
+    return haveAll;
 }
 
 /// Two characters can be on one key.
@@ -118,7 +157,12 @@ void GlobalHotKeys::registerAgain() {
 }
 
 void GlobalHotKeys::releaseKeys() {
-    for (const HotKeyReference reference : std::exchange(m_hotKeyRefs, {}))
+    for (HotKeyState& state : m_states)
+        release(state);
+}
+
+void GlobalHotKeys::release(HotKeyState& state) {
+    if (const HotKeyReference reference = std::exchange(state.reference, 0))
         m_center.unregisterHotKey(reference);
 }
 

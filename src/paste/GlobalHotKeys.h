@@ -17,9 +17,10 @@ struct HotKeyState {
     QString name; ///< Its preference key; of a fixed one a name like "recentClip1".
     SnippetShortcut shortcut;
     KeyPosition position = 0;
-    Result result = Result::off; ///< Off: nobody has anything to do for it.
-    int status = 0;              ///< The platform's error number when it is taken.
-    QString takenBy;             ///< The name of our own hot key that has the same keys.
+    Result result = Result::off;   ///< Off: nobody has anything to do for it.
+    int status = 0;                ///< The platform's error number when it is taken.
+    QString takenBy;               ///< The name of our own hot key that has the same keys.
+    HotKeyReference reference = 0; ///< Of its registration; 0 for none.
 };
 
 /// Registers the hot keys with their stored shortcuts and tells which was pressed. Registered anew
@@ -56,9 +57,13 @@ signals:
     void pressed(quorvel::HotKeyId id, quorvel::Modifiers modifiersHeld);
 
 private:
-    void registerConfigurable(const ConfigurableHotKey& hotKey);
-    void registerRecentClip(int position);
-    void registerState(HotKeyState& state, Modifiers optionalModifiers);
+    QList<HotKeyState> wantedStates();
+    HotKeyState wantedState(const ConfigurableHotKey& hotKey);
+    HotKeyState wantedState(int recentClipPosition) const;
+    void registerState(HotKeyState& state);
+    void followKeyboard(KeyboardChange change);
+    bool moveKeys();
+    void release(HotKeyState& state);
     QString ownerOf(const HotKeyState& wanted) const;
     void reportUnusable(const keys::HotKey& key);
     void registerAgain();
@@ -70,7 +75,6 @@ private:
     bool m_active = false;
     int m_suspensions = 0;
     QList<HotKeyId> m_handled;
-    QList<HotKeyReference> m_hotKeyRefs;
     QList<HotKeyState> m_states;
     QSet<QString> m_reported; ///< Preferences whose stored shortcut was found unusable.
 };

@@ -20,6 +20,11 @@ struct HotKeyRegistration {
     int status = 0;                ///< 0 for success, else the platform's error number.
 };
 
+enum class KeyboardChange {
+    positions,  ///< Characters moved, or layouts were switched; what is registered stays valid.
+    everything, ///< What is registered may be on other keys than it was.
+};
+
 /// Keys that reach us whichever program is in front. Main thread only.
 class HotKeyCenter : public QObject {
     Q_OBJECT
@@ -47,8 +52,8 @@ signals:
     /// With all the modifiers held, the optional ones among them.
     void pressed(quint32 id, quorvel::Modifiers modifiersHeld);
 
-    /// Keys moved or layouts were switched: positions have to be looked up again.
-    void keyboardChanged();
+    /// Positions have to be looked up again.
+    void keyboardChanged(quorvel::KeyboardChange change);
 };
 
 } // namespace quorvel

@@ -108,7 +108,7 @@ TEST_F(GlobalHotKeysTest, WhileSuspendedNothingIsRegistered) {
     hotKeys.registerAll();
     hotKeys.suspend();
     hotKeys.suspend();
-    emit center.keyboardChanged();
+    emit center.keyboardChanged(KeyboardChange::everything);
     store(QStringLiteral("k"), 0x40000);
     hotKeys.resume();
     EXPECT_EQ(center.registrationCount(), 0);
@@ -119,12 +119,32 @@ TEST_F(GlobalHotKeysTest, WhileSuspendedNothingIsRegistered) {
 
 TEST_F(GlobalHotKeysTest, RegisteredAnewWhenTheKeyboardChangesButNotAfterTheEnd) {
     hotKeys.registerAll();
-    emit center.keyboardChanged();
+    emit center.keyboardChanged(KeyboardChange::everything);
     EXPECT_EQ(center.registrationCount(), fixedKeys + 2);
     hotKeys.unregisterAll();
-    emit center.keyboardChanged();
+    emit center.keyboardChanged(KeyboardChange::everything);
     store(QStringLiteral("k"), 0x40000);
     EXPECT_EQ(center.registrationCount(), 0);
+}
+
+TEST_F(GlobalHotKeysTest, OnlyKeysThatMovedAreLetGoOf) {
+    hotKeys.registerAll();
+    const int before = center.registrationsMade;
+    center.moveKey('v', 'k');
+    emit center.keyboardChanged(KeyboardChange::positions);
+    EXPECT_EQ(center.registrationsMade, before + 2) << "two of the defaults are on it";
+    EXPECT_EQ(center.registrationCount(), fixedKeys + 2);
+    EXPECT_TRUE(center.press('k', superShift));
+    EXPECT_FALSE(center.press('v', superShift));
+
+    store(QStringLiteral("b"), controlSuper.toInt());
+    center.moveKey('b', '5');
+    emit center.keyboardChanged(KeyboardChange::positions);
+    EXPECT_EQ(state(0).result, Result::bound) << "in the order of the table";
+    EXPECT_EQ(state(5 + 4).takenBy, QStringLiteral("openMenuHotKey"));
+    center.moveKey('b', 'b');
+    emit center.keyboardChanged(KeyboardChange::positions);
+    EXPECT_EQ(state(5 + 4).result, Result::bound);
 }
 
 } // namespace quorvel::testing

@@ -20,6 +20,11 @@ public:
     /// Characters that no key gives.
     void removeKey(QChar character) { m_missing.append(character); }
 
+    /// Another layout has the character at this position.
+    void moveKey(char character, KeyPosition position) {
+        m_moved.insert(QLatin1Char(character), position);
+    }
+
     /// The user presses keys; false when nobody has them.
     bool press(KeyPosition position, Modifiers modifiers) {
         for (const Held& held : std::as_const(m_held))
@@ -32,8 +37,9 @@ public:
     qsizetype registrationCount() const { return m_held.size(); }
 
     std::optional<KeyPosition> positionFor(QChar character) const override {
-        return m_missing.contains(character) ? std::nullopt
-                                             : std::optional<KeyPosition>(character.unicode());
+        if (m_missing.contains(character))
+            return std::nullopt;
+        return m_moved.value(character, character.unicode());
     }
     std::optional<QChar> characterAt(KeyPosition position) const override {
         const auto character = QChar::fromUcs2(char16_t(position));
@@ -45,6 +51,7 @@ public:
     }
     HotKeyRegistration registerHotKey(KeyPosition position, Modifiers modifiers, quint32 id,
                                       Modifiers optionalModifiers = {}) override {
+        ++registrationsMade;
         const int status = statusOf({position, modifiers.toInt()});
         if (status != 0)
             return {0, status};
@@ -62,6 +69,8 @@ public:
     }
     void unregisterHotKey(HotKeyReference reference) override { m_held.remove(reference); }
 
+    int registrationsMade = 0;
+
 private:
     struct Held {
         QList<Combination> combinations;
@@ -78,6 +87,7 @@ private:
     QMap<HotKeyReference, Held> m_held;
     QMap<Combination, int> m_taken;
     QList<QChar> m_missing;
+    QMap<QChar, KeyPosition> m_moved;
     HotKeyReference m_lastReference = 0;
 };
 

@@ -211,10 +211,13 @@ void X11HotKeyCenter::checkKeyboard() {
     auto tables = X11KeyTables::read(m_connection);
     if (!tables)
         return;
-    const bool same = m_tables && m_tables->hasSamePositions(*tables);
+    const bool sameModifiers = m_tables && m_tables->hasSameModifiers(*tables);
+    const bool sameCharacters = m_tables && m_tables->hasSameCharacters(*tables);
     m_tables = std::move(tables);
-    if (!same)
-        emit keyboardChanged();
+    if (!sameModifiers)
+        emit keyboardChanged(KeyboardChange::everything);
+    else if (!sameCharacters)
+        emit keyboardChanged(KeyboardChange::positions);
 }
 
 } // namespace quorvel

@@ -260,9 +260,12 @@ QList<xcb_keycode_t> X11KeyTables::heldModifierKeys() const {
     return keys;
 }
 
-bool X11KeyTables::hasSamePositions(const X11KeyTables& other) const {
-    return m_characters == other.m_characters && m_modifierIndices == other.m_modifierIndices &&
-           m_numLockMask == other.m_numLockMask;
+bool X11KeyTables::hasSameCharacters(const X11KeyTables& other) const {
+    return m_characters == other.m_characters;
+}
+
+bool X11KeyTables::hasSameModifiers(const X11KeyTables& other) const {
+    return m_modifierIndices == other.m_modifierIndices && m_numLockMask == other.m_numLockMask;
 }
 
 std::optional<xcb_keycode_t> usKeyFor(QChar character) {

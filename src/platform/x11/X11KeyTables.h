@@ -50,8 +50,9 @@ public:
 
     xkb_layout_index_t group() const { return m_group; }
 
-    /// Whether every character and modifier is where it is in the other tables.
-    bool hasSamePositions(const X11KeyTables& other) const;
+    /// Whether every character, or every modifier, is where it is in the other tables.
+    bool hasSameCharacters(const X11KeyTables& other) const;
+    bool hasSameModifiers(const X11KeyTables& other) const;
 
 private:
     void addGroup(xkb_keymap* keymap, xkb_layout_index_t group, xkb_level_index_t firstLevel,
