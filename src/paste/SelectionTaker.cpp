@@ -13,19 +13,29 @@ SelectionTaker::SelectionTaker(SelectedText& selectedText, Pasteboard& pasteboar
     , m_focus(focus)
     , m_turns(turns) {}
 
-bool SelectionTaker::take(SelectedText::Done done) {
+bool SelectionTaker::take(const SelectedText::Done& done) {
+    return take([this](const auto& answer) { m_selectedText.take(m_source, answer); }, done);
+}
+
+bool SelectionTaker::takeTyped(const QString& text, const SelectedText::Done& done) {
+    return take(
+        [this, text](const auto& answer) { m_selectedText.takeTyped(m_source, text, answer); },
+        done);
+}
+
+bool SelectionTaker::take(const Ask& ask, const SelectedText::Done& done) {
     if (std::exchange(m_isTaking, true))
         return false;
     m_focus.refresh();
     m_source = m_focus.target();
-    m_turns.ask([this, receiver = QPointer(&m_receiver), done = std::move(done)] {
+    m_turns.ask([this, receiver = QPointer(&m_receiver), ask, done] {
         if (receiver)
-            begin(done);
+            begin(ask, done);
     });
     return true;
 }
 
-void SelectionTaker::begin(const SelectedText::Done& done) {
+void SelectionTaker::begin(const Ask& ask, const SelectedText::Done& done) {
     m_watcher.tick(); // What was copied until now is the user's own.
     m_watcher.suppressCapture(suppression);
     const auto settled =
@@ -38,7 +48,7 @@ void SelectionTaker::begin(const SelectedText::Done& done) {
             done(result);
             m_turns.end();
         };
-    m_selectedText.take(m_source, settled);
+    ask(settled);
 }
 
 void SelectionTaker::settle(const QList<ClipboardSnapshotItem>& before, qint64 changeCount) {

@@ -17,7 +17,10 @@ public:
     /// Of the program that has the focus now, when the clipboard is free. False, and `done` never
     /// called, while a selection is being taken already. What `done` does belongs to the same turn
     /// with the clipboard.
-    bool take(SelectedText::Done done);
+    bool take(const SelectedText::Done& done);
+
+    /// The same with a text that was typed just before the caret.
+    bool takeTyped(const QString& text, const SelectedText::Done& done);
 
     /// The program that the last selection was asked of.
     const std::optional<FocusTarget>& source() const { return m_source; }
@@ -26,7 +29,10 @@ public:
     static constexpr std::chrono::milliseconds suppression{2000};
 
 private:
-    void begin(const SelectedText::Done& done);
+    using Ask = std::function<void(const SelectedText::Done& done)>;
+
+    bool take(const Ask& ask, const SelectedText::Done& done);
+    void begin(const Ask& ask, const SelectedText::Done& done);
     void settle(const QList<ClipboardSnapshotItem>& before, qint64 changeCount);
 
     SelectedText& m_selectedText;

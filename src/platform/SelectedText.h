@@ -31,8 +31,14 @@ public:
 
     /// Gets the selected text, of the target when one is given. It may have to make the program
     /// copy: the pasteboard may hold something else afterwards, whatever the outcome. `done` is
-    /// called exactly once, from the main loop, within about a second.
+    /// called exactly once, at once or from the main loop, within about a second.
     virtual void take(const std::optional<FocusTarget>& target, Done done) = 0;
+
+    /// The same for a text that stands just before the caret: selects it first. Nothing is selected
+    /// when another text stands there, and the caret is where it was; `unavailable` in programs in
+    /// which the keys for that could do harm.
+    virtual void takeTyped(const std::optional<FocusTarget>& target, const QString& text,
+                           Done done) = 0;
 };
 
 } // namespace quorvel

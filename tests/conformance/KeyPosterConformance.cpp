@@ -132,6 +132,26 @@ TEST_F(X11KeyPosterTest, everyProgramGetsItsOwnPasteKeysOnce) {
     }
 }
 
+TEST_F(X11KeyPosterTest, theCaretIsMovedAsFarAsAskedButNotInTerminals) {
+    constexpr X11Outside::Key selectLeft = {113, XCB_MOD_MASK_SHIFT};
+    for (const auto& [windowClass, wanted] : {std::pair("Mousepad", PostOutcome::posted),
+                                              std::pair("Gnome-terminal", PostOutcome::unavailable),
+                                              std::pair("XTerm", PostOutcome::unavailable)}) {
+        SCOPED_TRACE(windowClass);
+        const xcb_window_t window = other.open(windowClass);
+        other.focus(window);
+        const auto outcomes = std::make_shared<QList<PostOutcome>>();
+        poster().postCaretKeys(FocusTarget{0, window, window}, CaretKeys::selectLeft, 3,
+                               [outcomes](PostOutcome outcome) { outcomes->append(outcome); });
+        EXPECT_EQ(answer(outcomes), wanted);
+        other.type({keyboard::one}); // Whatever was sent before has arrived before this.
+        EXPECT_TRUE(receives(window, {keyboard::one, 0}));
+        EXPECT_EQ(other.keys(window).count(selectLeft), wanted == PostOutcome::posted ? 3 : 0);
+        EXPECT_THAT(readers, IsEmpty());
+        other.close(window);
+    }
+}
+
 TEST_F(X11KeyPosterTest, keysNeverGoToAnotherWindow) {
     const xcb_window_t target = other.open("Mousepad");
     const xcb_window_t element = other.addElement(target);

@@ -122,6 +122,13 @@ TEST_F(TextToolsTest, whatWasTypedInTheWrongLayoutIsPutRightAndTheClipboardStays
     select(QStringLiteral("ctrl+Home shift+End"));
     press(QStringLiteral("ctrl+shift+x"));
     EXPECT_TRUE(editorHolds("ghbdtn")) << content(file()).constData();
+    press(QStringLiteral("ctrl+shift+x"));
+    EXPECT_TRUE(editorHolds("привет")) << "goes on with what it has typed";
+    select(QStringLiteral("End x"));
+    press(QStringLiteral("ctrl+shift+x"));
+    EXPECT_TRUE(showsNotice());
+    EXPECT_TRUE(editorHolds("приветx")) << "something else is before the caret";
+    EXPECT_EQ(clipboard(), "kept");
 }
 
 TEST_F(TextToolsTest, partsOfALinkArePastedAndTheLinkIsOpened) {

@@ -17,6 +17,15 @@ public:
         m_done = std::move(done);
     }
 
+    void takeTyped(const std::optional<FocusTarget>& target, const QString& text,
+                   Done done) override {
+        lastTarget = target;
+        if (!beforeCaret.endsWith(text))
+            return done({});
+        m_pasteboard.copyFromOutside(text);
+        done({SelectedTextResult::Outcome::taken, text});
+    }
+
     /// The program copies what is selected.
     void answer(const QString& selected) {
         m_pasteboard.copyFromOutside(selected);
@@ -34,6 +43,7 @@ public:
     bool isAsked() const { return bool(m_done); }
 
     std::optional<FocusTarget> lastTarget;
+    QString beforeCaret; ///< What was typed.
 
 private:
     FakePasteboard& m_pasteboard;

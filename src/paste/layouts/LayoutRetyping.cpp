@@ -10,10 +10,21 @@ void LayoutRetyping::retype(const SelectedTextResult& selected) {
     using Outcome = SelectedTextResult::Outcome;
     if (selected.outcome == Outcome::taken)
         retype(selected.text);
-    else if (selected.outcome == Outcome::focusElsewhere || isGoingOn())
+    else if (selected.outcome == Outcome::focusElsewhere)
         emit noSelection(selected.outcome);
+    else if (isGoingOn())
+        goOn();
     else
         retype(lastCopied());
+}
+
+void LayoutRetyping::goOn() {
+    m_parts.selection.takeTyped(m_lastValue, [this](const SelectedTextResult& selected) {
+        if (selected.outcome == SelectedTextResult::Outcome::taken)
+            retype(selected.text);
+        else
+            emit noSelection(selected.outcome);
+    });
 }
 
 void LayoutRetyping::retype(const QString& text) {
@@ -22,6 +33,7 @@ void LayoutRetyping::retype(const QString& text) {
         return emit impossible();
     m_lastTarget = m_parts.selection.source();
     m_lastCopied = lastCopied();
+    m_lastValue = variant->value;
     m_parts.pasteEngine.replaceSelection(variant->value, m_lastTarget);
     m_parts.layouts.activate(variant->targetLayoutID);
 }

@@ -10,7 +10,7 @@ namespace quorvel {
 
 /// Puts what was typed in the wrong keyboard layout right: the selected text, else the last one
 /// that was copied, is pasted as it would be in the next layout, and that layout is switched on.
-/// The last one that was copied is not meant when the user goes on with what this has just pasted.
+/// With nothing selected after such a paste, the pasted text itself is what the user goes on with.
 class LayoutRetyping final : public QObject {
     Q_OBJECT
 
@@ -39,11 +39,13 @@ signals:
 private:
     void retype(const SelectedTextResult& selected);
     void retype(const QString& text);
+    void goOn();
     bool isGoingOn() const;
     QString lastCopied() const;
 
     const Parts m_parts;
     std::optional<FocusTarget> m_lastTarget; ///< Of the last paste.
+    QString m_lastValue;                     ///< What it has typed.
     QString m_lastCopied;                    ///< At that time.
 };
 

@@ -12,13 +12,14 @@ namespace {
 struct Chords {
     PasteChord paste;
     std::optional<PasteChord> copy;
+    bool isTerminal = true; ///< Or like one: its program gets the keys that move the caret.
 };
 
 /// Insert copies nearly everywhere, and in a terminal that is not known here it interrupts nothing.
 const PasteChord copyByInsert = {XKB_KEY_Insert, Modifier::control};
 const PasteChord copyInTerminal = {XKB_KEY_c, Modifier::control | Modifier::shift};
 
-const Chords usual = {{XKB_KEY_v, Modifier::control}, copyByInsert};
+const Chords usual = {{XKB_KEY_v, Modifier::control}, copyByInsert, false};
 const Chords terminal = {{XKB_KEY_v, Modifier::control | Modifier::shift}, copyInTerminal};
 const Chords insertKey = {{XKB_KEY_Insert, Modifier::shift}, std::nullopt};
 const Chords insertPrimary = {{XKB_KEY_Insert, Modifier::shift, true}, std::nullopt};
@@ -102,6 +103,15 @@ PasteChord pasteChordFor(const WindowClass& windowClass) {
 
 std::optional<PasteChord> copyChordFor(const WindowClass& windowClass) {
     return chordsOf(windowClass).copy;
+}
+
+std::optional<PasteChord> caretChordFor(const WindowClass& windowClass, CaretKeys keys) {
+    if (chordsOf(windowClass).isTerminal)
+        return std::nullopt;
+    const bool isLeft = keys == CaretKeys::left || keys == CaretKeys::selectLeft;
+    const bool selects = keys == CaretKeys::selectLeft || keys == CaretKeys::selectRight;
+    return PasteChord{isLeft ? xkb_keysym_t(XKB_KEY_Left) : xkb_keysym_t(XKB_KEY_Right),
+                      selects ? Modifiers(Modifier::shift) : Modifiers()};
 }
 
 } // namespace quorvel

@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// The keys by which a program pastes or copies.
+/// The keys by which a program pastes, copies or moves the caret.
 struct PasteChord {
     xkb_keysym_t key;
     Modifiers modifiers;
@@ -23,5 +23,10 @@ PasteChord pasteChordFor(const WindowClass& windowClass);
 /// The keys by which that program copies; absent when they could do harm there, and what is
 /// selected has to be taken from the PRIMARY selection.
 std::optional<PasteChord> copyChordFor(const WindowClass& windowClass);
+
+enum class CaretKeys { selectLeft, selectRight, left, right };
+
+/// The keys that move the caret by a character; absent in programs where they do something else.
+std::optional<PasteChord> caretChordFor(const WindowClass& windowClass, CaretKeys keys);
 
 } // namespace quorvel

@@ -1,5 +1,7 @@
 #include "platform/x11/X11KeyPoster.h"
 
+#include <algorithm>
+
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace quorvel {
@@ -10,9 +12,16 @@ using Steady = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds tidyInterval{50};
 
-constexpr xcb_keycode_t usualInsertKey = 118;
-constexpr xcb_keycode_t usualCopyKey = 54;
-constexpr xcb_keycode_t usualPasteKey = 55;
+/// Where a key is that no layout has.
+struct UsualKey {
+    xkb_keysym_t symbol;
+    xcb_keycode_t key;
+};
+constexpr UsualKey usualKeys[] = {{XKB_KEY_v, 55},
+                                  {XKB_KEY_c, 54},
+                                  {XKB_KEY_Insert, 118},
+                                  {XKB_KEY_Left, 113},
+                                  {XKB_KEY_Right, 114}};
 
 } // namespace
 
@@ -20,7 +29,9 @@ struct X11KeyPoster::Job {
     Purpose purpose;
     std::optional<FocusTarget> target;
     Done done;
-    Steady::time_point focusEnd;
+    CaretKeys caretKeys = CaretKeys::left;
+    int times = 1;
+    Steady::time_point focusEnd = {};
     std::optional<X11KeyTables> tables = {}; ///< From here on: set when the focus is right.
     Steady::time_point releaseEnd = {};
     PasteChord chord = {};
@@ -42,16 +53,21 @@ bool X11KeyPoster::isTrusted() const {
 }
 
 void X11KeyPoster::postPaste(const std::optional<FocusTarget>& target, Done done) {
-    start(Purpose::paste, target, std::move(done));
+    start({Purpose::paste, target, std::move(done)});
 }
 
 void X11KeyPoster::postCopy(const std::optional<FocusTarget>& target, Done done) {
-    start(Purpose::copy, target, std::move(done));
+    start({Purpose::copy, target, std::move(done)});
 }
 
-void X11KeyPoster::start(Purpose purpose, const std::optional<FocusTarget>& target, Done done) {
-    advance(std::make_shared<Job>(
-        Job{purpose, target, std::move(done), Steady::now() + m_limits.focus}));
+void X11KeyPoster::postCaretKeys(const std::optional<FocusTarget>& target, CaretKeys keys,
+                                 int times, Done done) {
+    start({Purpose::caret, target, std::move(done), keys, times});
+}
+
+void X11KeyPoster::start(Job job) {
+    job.focusEnd = Steady::now() + m_limits.focus;
+    advance(std::make_shared<Job>(std::move(job)));
 }
 
 void X11KeyPoster::advance(const JobHandle& job) {
@@ -73,26 +89,34 @@ bool X11KeyPoster::prepare(Job& job, xcb_window_t focus) {
     if (job.tables && job.preparedFor == focus)
         return true;
     job.preparedFor = focus;
-    if (!prepareClipboard(job, focus))
+    const auto chord = chordOf(job, m_windows.classOf(m_windows.topWindow(focus)));
+    if (!chord)
         return false;
+    job.chord = *chord;
+    if (job.purpose == Purpose::paste)
+        prepareClipboard(job, focus);
     job.releaseEnd = Steady::now() + m_limits.release;
     job.tables = X11KeyTables::read(m_connection.xcb());
     m_connection.keepArrivedEvents();
     return job.tables.has_value();
 }
 
-bool X11KeyPoster::prepareClipboard(Job& job, xcb_window_t focus) {
-    const WindowClass windowClass = m_windows.classOf(m_windows.topWindow(focus));
-    if (job.purpose == Purpose::copy) {
-        const auto chord = copyChordFor(windowClass);
-        job.chord = chord.value_or(PasteChord());
-        return chord.has_value();
+std::optional<PasteChord> X11KeyPoster::chordOf(const Job& job, const WindowClass& windowClass) {
+    switch (job.purpose) {
+    case Purpose::paste:
+        return pasteChordFor(windowClass);
+    case Purpose::copy:
+        return copyChordFor(windowClass);
+    case Purpose::caret:
+        return caretChordFor(windowClass, job.caretKeys);
     }
-    job.chord = pasteChordFor(windowClass);
+    return std::nullopt;
+}
+
+void X11KeyPoster::prepareClipboard(const Job& job, xcb_window_t focus) {
     if (job.chord.needsPrimary)
         m_clipboard.offerPrimary();
     m_clipboard.expectReader(focus);
-    return true;
 }
 
 bool X11KeyPoster::isReady(const Job& job) const {
@@ -125,7 +149,8 @@ bool X11KeyPoster::userHoldsKeys(const X11KeyTables& tables) const {
 
 bool X11KeyPoster::post(const Job& job, xcb_window_t focus) {
     const X11KeyTables& tables = *job.tables;
-    const KeyStroke stroke = {keyOf(job.chord, tables), tables.keysOf(job.chord.modifiers)};
+    const KeyStroke stroke = {keyOf(job.chord, tables), tables.keysOf(job.chord.modifiers),
+                              job.times};
     QList<xcb_keycode_t> otherKeys = {stroke.key};
     if (const auto held = m_hotKeys.heldKey())
         otherKeys.append(*held);
@@ -144,10 +169,10 @@ void X11KeyPoster::tidyUp() {
 }
 
 xcb_keycode_t X11KeyPoster::keyOf(const PasteChord& chord, const X11KeyTables& tables) {
-    const xcb_keycode_t usual = chord.key == XKB_KEY_Insert ? usualInsertKey
-                                : chord.key == XKB_KEY_c    ? usualCopyKey
-                                                            : usualPasteKey;
-    return tables.keyForSymbol(chord.key).value_or(usual);
+    const auto* usual =
+        std::find_if(std::begin(usualKeys), std::end(usualKeys),
+                     [&](const UsualKey& candidate) { return candidate.symbol == chord.key; });
+    return tables.keyForSymbol(chord.key).value_or(usual->key);
 }
 
 } // namespace quorvel

@@ -45,12 +45,16 @@ public:
     /// The same with the copy keys; `unavailable` for a program that has none.
     void postCopy(const std::optional<FocusTarget>& target, Done done);
 
+    /// The same with keys that move the caret, pressed so many times.
+    void postCaretKeys(const std::optional<FocusTarget>& target, CaretKeys keys, int times,
+                       Done done);
+
 private:
-    enum class Purpose { paste, copy };
+    enum class Purpose { paste, copy, caret };
     struct Job;
     using JobHandle = std::shared_ptr<Job>;
 
-    void start(Purpose purpose, const std::optional<FocusTarget>& target, Done done);
+    void start(Job job);
     void advance(const JobHandle& job);
     void waitOn(const JobHandle& job);
     void finish(const JobHandle& job, PostOutcome outcome);
@@ -58,7 +62,8 @@ private:
     std::optional<xcb_window_t> rightFocus(const Job& job) const;
     bool userHoldsKeys(const X11KeyTables& tables) const;
     bool prepare(Job& job, xcb_window_t focus);
-    bool prepareClipboard(Job& job, xcb_window_t focus);
+    void prepareClipboard(const Job& job, xcb_window_t focus);
+    static std::optional<PasteChord> chordOf(const Job& job, const WindowClass& windowClass);
     bool isReady(const Job& job) const;
     bool post(const Job& job, xcb_window_t focus);
     void tidyUp();

@@ -1,5 +1,7 @@
 #include "platform/x11/X11SelectedText.h"
 
+#include "foundation/Text.h"
+
 namespace quorvel {
 
 namespace {
@@ -8,6 +10,11 @@ using Outcome = SelectedTextResult::Outcome;
 
 SelectedTextResult resultOf(const QString& text) {
     return {text.isEmpty() ? Outcome::nothingSelected : Outcome::taken, text};
+}
+
+/// Of keys that were not posted.
+Outcome outcomeOf(PostOutcome outcome) {
+    return outcome == PostOutcome::focusElsewhere ? Outcome::focusElsewhere : Outcome::unavailable;
 }
 
 } // namespace
@@ -27,6 +34,28 @@ void X11SelectedText::take(const std::optional<FocusTarget>& target, Done done) 
         readPrimary(focus, done);
 }
 
+/// In a text that runs from right to left the arrow keys do, too.
+void X11SelectedText::takeTyped(const std::optional<FocusTarget>& target, const QString& text,
+                                Done done) {
+    const qsizetype characters = characterCount(text);
+    if (characters == 0 || characters > mostTypedCharacters)
+        return done({});
+    const bool isLeftward = !text.isRightToLeft();
+    const auto back = isLeftward ? CaretKeys::selectLeft : CaretKeys::selectRight;
+    const auto forth = isLeftward ? CaretKeys::right : CaretKeys::left;
+    const auto check = [this, target, text, forth, done](const SelectedTextResult& selected) {
+        if (selected.outcome != Outcome::taken || selected.text == text)
+            return done(selected);
+        m_keys.postCaretKeys(target, forth, 1, [done](PostOutcome) {
+            done({Outcome::nothingSelected, {}});
+        });
+    };
+    m_keys.postCaretKeys(target, back, int(characters), [=, this](PostOutcome outcome) {
+        outcome == PostOutcome::posted ? pressCopyKeys(target, check)
+                                       : done({outcomeOf(outcome), {}});
+    });
+}
+
 void X11SelectedText::readPrimary(xcb_window_t focus, const Done& done) {
     m_pasteboard.readPrimary(focus, [done](const QString& text) { done(resultOf(text)); });
 }
@@ -35,8 +64,7 @@ void X11SelectedText::pressCopyKeys(const std::optional<FocusTarget>& target, co
     m_keys.postCopy(target, [this, done](PostOutcome outcome) {
         if (outcome == PostOutcome::posted)
             return awaitCopy(done);
-        const bool isElsewhere = outcome == PostOutcome::focusElsewhere;
-        done({isElsewhere ? Outcome::focusElsewhere : Outcome::unavailable, {}});
+        done({outcomeOf(outcome), {}});
     });
 }
 

@@ -15,6 +15,11 @@ public:
                     MainQueue& queue);
 
     void take(const std::optional<FocusTarget>& target, Done done) override;
+    void takeTyped(const std::optional<FocusTarget>& target, const QString& text,
+                   Done done) override;
+
+    /// Beyond so many, a typed text is not selected key by key.
+    static constexpr int mostTypedCharacters = 500;
 
     /// How long a program may take to copy.
     static constexpr std::chrono::milliseconds patience{700};

@@ -21,8 +21,10 @@ QList<KeyAction> strokeActions(const KeyStroke& stroke, const QList<xcb_keycode_
     // The server drops the press of a key that our device has down, whatever the user's has.
     add(KeyAction::release, reversed);
     add(KeyAction::press, stroke.modifierKeys);
-    add(KeyAction::press, {stroke.key});
-    add(KeyAction::release, {stroke.key});
+    for (int pressed = 0; pressed < stroke.times; ++pressed) {
+        add(KeyAction::press, {stroke.key});
+        add(KeyAction::release, {stroke.key});
+    }
     add(KeyAction::release, reversed);
     add(KeyAction::press, heldModifiers);
     return actions;

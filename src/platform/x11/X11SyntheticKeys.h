@@ -8,10 +8,11 @@
 
 namespace quorvel {
 
-/// A key to be pressed while others are held.
+/// A key to be pressed, so many times, while others are held.
 struct KeyStroke {
     xcb_keycode_t key;
     QList<xcb_keycode_t> modifierKeys;
+    int times = 1;
 };
 
 struct KeyAction {

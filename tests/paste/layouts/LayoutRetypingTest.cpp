@@ -73,10 +73,15 @@ TEST_F(LayoutRetypingTest, TheSelectionIsReplacedAndTheClipboardKept) {
     EXPECT_EQ(pressWith(QStringLiteral("как")), QStringLiteral("rfr"));
 }
 
-TEST_F(LayoutRetypingTest, WithoutASelectionTheLastCopyIsMeantUntilSomethingWasPasted) {
+TEST_F(LayoutRetypingTest, WithoutASelectionTheLastCopyIsMeantAndThenWhatWasTyped) {
     EXPECT_EQ(pressWithout(Outcome::nothingSelected), QStringLiteral("привет"));
     EXPECT_EQ(pressWithout(Outcome::nothingSelected), QString());
     EXPECT_EQ(refused, QList{Outcome::nothingSelected}) << "it would be typed a second time";
+    selectedText.beforeCaret = QStringLiteral("hi привет");
+    EXPECT_EQ(pressWithout(Outcome::nothingSelected), QStringLiteral("ghbdtn"));
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("ghbdtn")) << "as before";
+    selectedText.beforeCaret = QStringLiteral("hi ghbdtn");
+    EXPECT_EQ(pressWithout(Outcome::nothingSelected), QStringLiteral("привет"));
     goTo(80);
     EXPECT_EQ(pressWithout(Outcome::unavailable), QStringLiteral("ghbdtn"));
     pasteboard.copyFromOutside(QStringLiteral("rfr"));
