@@ -271,6 +271,23 @@ TEST_F(AppDelegateTest, TheControlSocketAnswers) {
     EXPECT_EQ(quit.size(), 1);
 }
 
+TEST_F(AppDelegateTest, PinningOverTheSocketMakesATimedPinLastBeyondTheStorageLimit) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    const auto& clips = program.delegate.history().recentClipboard();
+    program.copy(QStringLiteral("kept"));
+    emit program.menu.chosen({MenuAction::pinRecentSnippetForHour, clips.first().id.toString()});
+    const int limit = Preferences::recentClipboardStorageMultiplier * 5;
+    for (int i = 0; i < limit; ++i)
+        program.copy(QString::number(i));
+    ASSERT_EQ(clips.size(), limit + 1);
+    EXPECT_TRUE(
+        ask(program, QStringLiteral("pin"), {{QStringLiteral("position"), limit + 1}}).isOk());
+    ASSERT_EQ(clips.size(), limit + 1);
+    EXPECT_TRUE(clips.last().pinned);
+    EXPECT_FALSE(clips.last().pinnedUntil.has_value());
+}
+
 /// What the control tool gets: the result as compact JSON, or "! error".
 QString answer(const ControlReply& reply) {
     if (!reply.isOk())
