@@ -19,7 +19,8 @@ bool MenuWidget::type(QKeyEvent& press) {
 }
 
 void MenuWidget::addSearchRow() {
-    m_search = new SearchRow(this, m_context.icon({.symbol = QStringLiteral("magnifyingglass")}));
+    m_search = new SearchRow(this, m_context.icon({.symbol = QStringLiteral("magnifyingglass")}),
+                             m_context.pasteboard);
     connect(&m_search->field(), &SearchField::changedByUser, this, &MenuWidget::searchChanged);
 }
 

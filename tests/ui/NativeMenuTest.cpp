@@ -331,6 +331,12 @@ TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
     EXPECT_TRUE(asked({QStringLiteral(u"\u00E9"), QStringLiteral(u"\u00E9\u00DF")}));
 }
 
+TEST_F(NativeMenuTest, theSearchFieldCopiesAndPastesByThePasteboard) {
+    open(searchable({QStringLiteral("a")}));
+    editsSearchByThePasteboard(searchField());
+    EXPECT_TRUE(menu().isOpen());
+}
+
 TEST_F(NativeMenuTest, escapeClearsTheSearchBeforeItCloses) {
     MenuItem folder = submenu(QStringLiteral("more"), clips(2));
     const QList<MenuItem> tree = searchable({QStringLiteral("a")}) << folder;

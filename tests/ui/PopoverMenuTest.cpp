@@ -185,6 +185,12 @@ TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
     layout({QStringLiteral("us")});
 }
 
+TEST_F(PopoverMenuTest, theSearchFieldCopiesAndPastesByThePasteboard) {
+    open(searchable({QStringLiteral("a")}));
+    editsSearchByThePasteboard(*root().searchField());
+    EXPECT_TRUE(menu().isOpen());
+}
+
 TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
     MenuItem hint = clip(QStringLiteral("hint")); // Above the field: no result.
     hint.kind = MenuItemKind::hint;

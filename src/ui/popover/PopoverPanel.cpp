@@ -40,7 +40,7 @@ PopoverPanel::PopoverPanel(const PopoverContext& context, PanelFrame::Shape shap
 
 void PopoverPanel::addSearchField() {
     m_list->reservePictures();
-    m_field = new SearchField(this);
+    m_field = new SearchField(this, m_context.pasteboard);
     m_field->setFrame(false);
     m_field->setClearButtonEnabled(false);
     m_magnifier = m_field->addAction(QIcon(), QLineEdit::LeadingPosition);
