@@ -179,6 +179,8 @@ void PopoverPanel::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     m_widest = 0;
     m_list->motion().stop();
+    m_list->releaseScrollBar();
+    m_list->setScrollBarHovered(false);
     emit hidden();
 }
 
