@@ -320,6 +320,24 @@ TEST_F(NativeMenuTest, typingGoesToTheSearchFieldWhereverTheHighlightIs) {
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen b y")}));
 }
 
+TEST_F(NativeMenuTest, returnDoesNothingWhenNothingIsFound) {
+    QObject::connect(&menu(), &MenuRenderer::searchChanged, &menu(), [this](const QString& query) {
+        menu().update(searchable({}, query) << MenuItem::disabled(QStringLiteral("No matches"))
+                                            << submenu(QStringLiteral("Translate"), clips(1))
+                                            << clip(QStringLiteral("Save")));
+    });
+    open(searchable({QStringLiteral("a")}) << clip(QStringLiteral("Save")));
+    ASSERT_TRUE(highlight(QStringLiteral("Save")));
+    pressKeys("x");
+    ASSERT_TRUE(asked({QStringLiteral("x")}));
+    EXPECT_EQ(highlighted(shownMenu()), QString());
+    pressKeys("Return");
+    pressKeys("x");
+    ASSERT_TRUE(asked({QStringLiteral("x"), QStringLiteral("xx")}));
+    EXPECT_TRUE(menu().isOpen());
+    EXPECT_TRUE(events().isEmpty());
+}
+
 TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
     const KeyboardLayout deadKeys({QStringLiteral("us"), QStringLiteral("-variant"),
                                    QStringLiteral("intl"), QStringLiteral("-option"),
