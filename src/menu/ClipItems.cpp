@@ -93,6 +93,12 @@ KeyEquivalent shortcutKeys(const Snippet& snippet) {
     return {snippet.customShortcut->key, snippet.customShortcut->modifiers()};
 }
 
+void addShortcut(MenuItem& row, const Snippet& snippet) {
+    row.keyEquivalent = shortcutKeys(snippet);
+    if (row.isLazy() && !row.keyEquivalent.key.isEmpty())
+        row.innerKeys = {{row.keyEquivalent, row.action, row.representedObject}};
+}
+
 QString idText(const QUuid& id) {
     return id.toString(QUuid::WithoutBraces).toUpper();
 }

@@ -435,6 +435,11 @@ TEST_F(NativeMenuTest, keysInsideLazySubmenusWork) {
     pressKeys("super+7");
     ASSERT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen inner")}));
     EXPECT_EQ(choice().action, MenuAction::pasteGroupSnippet);
+    folder.innerKeys.first().keyEquivalent.modifiers = Modifier::control | Modifier::option;
+    open({folder});
+    pressKeys("ctrl+alt+7");
+    ASSERT_TRUE(waitUntil([&] { return events().size() == 4; }));
+    EXPECT_EQ(choice().modifiers, Modifiers()) << "they belong to the key";
 }
 
 TEST_F(NativeMenuTest, anItemGetsASubmenuInPlaceAndLosesItAgain) {
