@@ -326,7 +326,7 @@ void AppDelegate::reportSaveProblem() {
 void AppDelegate::refuseSnippet(SnippetProblem problem) {
     const StringTable& strings = m_environment.strings;
     m_adapters.desktop.showMessage(
-        strings.text(QStringLiteral("error.createSnippet.title")),
+        strings.text(QStringLiteral("error.createSnippet.refused")),
         strings.text(problem == SnippetProblem::noSuchGroup
                          ? QStringLiteral("error.createSnippet.noSuchGroup")
                          : QStringLiteral("error.createSnippet.blank")));

@@ -155,8 +155,11 @@ TEST_F(AppDelegateTest, ANewSnippetThatIsNotOnTheDiskIsTold) {
     program.mainQueue.settle();
     program.delegate.store().addFromClipboard(QStringLiteral("s"));
     program.mainQueue.settle();
-    ASSERT_EQ(program.desktop.messages.size(), 2);
-    EXPECT_NE(program.desktop.messages.first(), program.desktop.messages.last());
+    program.copy(QStringLiteral("refused"));
+    emit program.menu.chosen(
+        {MenuAction::addFromClipboardToGroup, QUuid::createUuid().toString()}); // There is none.
+    ASSERT_EQ(program.desktop.messages.size(), 3);
+    EXPECT_EQ(program.desktop.messages.removeDuplicates(), 0) << "what is not there is not unsaved";
     const QJsonObject status = ask(program, QStringLiteral("status")).result.toObject();
     EXPECT_TRUE(
         status.value(QStringLiteral("problems")).toObject().contains(QStringLiteral("snippets")));
