@@ -62,8 +62,8 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
                         [](int below) { return QRandomGenerator::global()->bounded(below); }}})
     , m_menuPreparation(menuContent(), m_folderSnippets, m_history, m_store,
                         m_environment.mainQueue)
-    , m_contextCommands(
-          {m_pasteEngine, m_adapters.desktop, m_adapters.terminal, m_environment.strings})
+    , m_contextCommands({m_pasteEngine, m_adapters.desktop, m_adapters.terminal,
+                         m_adapters.keyboardLayouts, m_environment.strings})
     , m_menuCommands({m_history, m_smartFolders, m_store, m_adapters.pasteboard, m_pasteEngine,
                       m_copyTools, m_contextCommands})
     , m_hotKeyCommands({m_hotKeys, m_menu, menuContent(), m_history, m_pasteEngine, m_focusTracker,
@@ -330,7 +330,7 @@ void AppDelegate::reportSaveProblem() {
 void AppDelegate::refuseSnippet(SnippetProblem problem) {
     const StringTable& strings = m_environment.strings;
     m_adapters.desktop.showMessage(
-        strings.text(QStringLiteral("error.createSnippet.title")),
+        strings.text(QStringLiteral("error.createSnippet.refused")),
         strings.text(problem == SnippetProblem::noSuchGroup
                          ? QStringLiteral("error.createSnippet.noSuchGroup")
                          : QStringLiteral("error.createSnippet.blank")));

@@ -71,8 +71,12 @@ void ContextCommands::run(const MenuChoice& choice) {
 }
 
 void ContextCommands::paste(const QString& payload) {
-    if (const auto chosen = ContextPastePayload::fromText(payload))
-        m_parts.pasteEngine.pasteText(chosen->value);
+    const auto chosen = ContextPastePayload::fromText(payload);
+    if (!chosen)
+        return;
+    m_parts.pasteEngine.pasteText(chosen->value);
+    if (chosen->targetKeyboardLayoutID) // In it, the user goes on typing.
+        m_parts.layouts.activate(*chosen->targetKeyboardLayoutID);
 }
 
 void ContextCommands::open(const MenuChoice& choice) {

@@ -4,6 +4,7 @@
 #include "menu/MenuRenderer.h"
 #include "paste/PasteEngine.h"
 #include "platform/Desktop.h"
+#include "platform/KeyboardLayouts.h"
 #include "platform/Terminal.h"
 
 namespace quorvel {
@@ -16,6 +17,7 @@ public:
         PasteEngine& pasteEngine;
         Desktop& desktop;
         Terminal& terminal;
+        KeyboardLayouts& layouts;
         const StringTable& strings;
     };
 

@@ -140,15 +140,9 @@ ControlReply transform(const ControlledParts& parts, const QJsonObject& argument
     return {true, {}};
 }
 
-/// For good, also when it was pinned for a while.
 ControlReply pinClip(const ControlledParts& parts, const QJsonObject& arguments) {
-    return withClip(parts, arguments, [&](const RecentClipboardEntry& entry) {
-        if (entry.pinned && !entry.pinnedUntil)
-            return;
-        if (entry.pinned)
-            parts.history.togglePin(entry.id);
-        parts.history.togglePin(entry.id);
-    });
+    return withClip(parts, arguments,
+                    [&](const RecentClipboardEntry& entry) { parts.history.pin(entry.id); });
 }
 
 ControlReply unpinClip(const ControlledParts& parts, const QJsonObject& arguments) {

@@ -108,6 +108,10 @@ void ClipboardHistory::bump(const RecentClipboardEntry& used) {
     emit changed();
 }
 
+void ClipboardHistory::pin(const QUuid& id) {
+    setPin(id, true, std::nullopt);
+}
+
 void ClipboardHistory::togglePin(const QUuid& id) {
     if (const RecentClipboardEntry* found = entry(id))
         setPin(id, !found->pinned, std::nullopt);

@@ -43,6 +43,8 @@ public:
     /// folder still has comes back.
     void bump(const RecentClipboardEntry& entry);
 
+    /// For good, also when it was pinned for a while.
+    void pin(const QUuid& id);
     void togglePin(const QUuid& id);
     void pinFor(const QUuid& id, std::chrono::seconds span);
     void remove(const QUuid& id);

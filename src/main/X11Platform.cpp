@@ -31,11 +31,11 @@ struct X11Platform::Parts {
                      [this](quint32 window) { pasteboard.expectReader(window); },
                      [this] { return pasteboard.isSettled(); }})
         , selectedText(connection, pasteboard, keyPoster, mainQueue)
-        , menu(icons, strings)
+        , menu(icons, strings, pasteboard)
         , statusItem(strings, icons)
         , desktop(icons)
         , terminal(terminalSetup)
-        , textEditor(strings) {
+        , textEditor(strings, pasteboard) {
         menu.setKeyPositions(hotKeys);
         connect(&trayWatcher, &X11TrayWatcher::trayAvailable, &statusItem,
                 &StatusItem::setEmbedderPresent);

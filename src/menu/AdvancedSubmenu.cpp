@@ -39,8 +39,10 @@ MenuAction withMode(MenuAction action) {
     }
 }
 
-/// The row itself as a heading, then the ways to paste what `source` names.
-QList<MenuItem> pasteItems(const MenuItem& row, const QString& source, const MenuBuild& build) {
+/// The row itself as a heading, then the ways to paste what `source` names. `keys` belong to the
+/// normal way.
+QList<MenuItem> pasteItems(const MenuItem& row, const QString& source, const KeyEquivalent& keys,
+                           const MenuBuild& build) {
     MenuItem heading = row;
     heading.action = MenuAction::none;
     heading.enabled = false;
@@ -52,6 +54,7 @@ QList<MenuItem> pasteItems(const MenuItem& row, const QString& source, const Men
         items.append({.title = paste.title ? build.text(paste.title) : row.title,
                       .action = withMode(row.action),
                       .representedObject = source + u'|' + rawName(paste.option),
+                      .keyEquivalent = paste.option == PasteOption::normal ? keys : KeyEquivalent(),
                       .symbol = paste.symbol.toString(),
                       .tag = pasteItemTag});
     return items;
@@ -93,9 +96,8 @@ QList<MenuItem> section(const QList<MenuItem>& items) {
 }
 
 QList<MenuItem> entryItems(const RecentClipboardEntry& entry, const MenuBuild& build) {
-    QList<MenuItem> items = pasteItems(clipItem(entry, build), idText(entry.id), build);
-    constexpr qsizetype normalRow = 2;
-    items[normalRow].keyEquivalent = recentKey(entry, build);
+    QList<MenuItem> items =
+        pasteItems(clipItem(entry, build), idText(entry.id), recentKey(entry, build), build);
     if (entry.isImage()) // It is no text to strip or to edit.
         items.removeIf([](const MenuItem& item) {
             return item.representedObject.endsWith(rawName(PasteOption::plainText)) ||
@@ -116,7 +118,7 @@ QList<MenuItem> advancedItems(QStringView representedObject, const MenuBuild& bu
         return entryItems(*entry, build);
     if (const Snippet* snippet = build.content().snippets.snippet(source.id))
         return pasteItems(snippetItem(*snippet, source.group, build),
-                          snippetText(source.group, source.id), build) +
+                          snippetText(source.group, source.id), shortcutKeys(*snippet), build) +
                section(contextItems(snippet->text, build)) +
                layoutItems(snippet->text, shownText(*snippet, build.content()), build);
     return {};

@@ -54,7 +54,8 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build, QSt
     const MenuContent& content = build.content();
     MenuItem item;
     const auto length = build.state().isOptionMode ? TitleLength::whole : TitleLength::shortened;
-    item.title = editTitle(displayTitle(entry, content, length), build);
+    const QString title = displayTitle(entry, content, length);
+    item.title = entry.isImage() ? title : editTitle(title, build);
     item.detail = clipDetail(entry, content);
     item.action = MenuAction::pasteRecentSnippet;
     item.representedObject = prefix % idText(entry.id);
@@ -91,6 +92,12 @@ KeyEquivalent shortcutKeys(const Snippet& snippet) {
     if (!snippet.customShortcut)
         return {};
     return {snippet.customShortcut->key, snippet.customShortcut->modifiers()};
+}
+
+void addShortcut(MenuItem& row, const Snippet& snippet) {
+    row.keyEquivalent = shortcutKeys(snippet);
+    if (row.isLazy() && !row.keyEquivalent.key.isEmpty())
+        row.innerKeys = {{row.keyEquivalent, row.action, row.representedObject}};
 }
 
 QString idText(const QUuid& id) {

@@ -30,6 +30,9 @@ KeyEquivalent numberKey(qsizetype index);
 /// The keys of a snippet's own shortcut; none when it has none.
 KeyEquivalent shortcutKeys(const Snippet& snippet);
 
+/// Gives the snippet's row its shortcut, which goes on pasting when the row leads to a submenu.
+void addShortcut(MenuItem& row, const Snippet& snippet);
+
 /// Upper-case, without braces.
 QString idText(const QUuid& id);
 

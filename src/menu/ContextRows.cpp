@@ -20,15 +20,17 @@ namespace {
 class Rows {
 public:
     /// Keeps references to both.
-    Rows(const QString& text, const MenuBuild& build)
-        : snapshot(build.content().textAnalyses.snapshot(text))
-        , isSingleValue(isLikelySingleValue(text))
-        , visible(text, snapshot,
+    Rows(const QString& analysed, const MenuBuild& build)
+        : text(analysed)
+        , snapshot(build.content().textAnalyses.snapshot(analysed))
+        , isSingleValue(isLikelySingleValue(analysed))
+        , visible(analysed, snapshot,
                   build.content().preferences.isOn(keys::sensitiveDataMaskingEnabled)
                       ? VisibleParts::Masking::on
                       : VisibleParts::Masking::off)
         , m_build(build) {}
 
+    const QString& text;
     const TextAnalysisSnapshot snapshot;
     const bool isSingleValue;
     const VisibleParts visible;
@@ -164,9 +166,14 @@ void addDotRows(Rows& rows) {
         rows.paste("action.pasteDotPart.format", part, rows.visible.dotPart(part), u"scissors");
 }
 
+/// In prose only what is written as trackers write it counts: there are words such as "top-10".
+bool isReference(const QString& key, const Rows& rows) {
+    return (rows.isSingleValue || rows.text.contains(key)) && rows.visible.showsReference(key);
+}
+
 void addIssueRows(Rows& rows) {
     const auto& key = rows.snapshot.jiraIssueKey;
-    if (!key || !rows.isSingleValue)
+    if (!key || !isReference(*key, rows))
         return;
     const QList<QUrl> links = issueLinks(rows.bases(keys::ticketTrackerBaseURLs), *key);
     const auto shown = [&](const QUrl& link) {
@@ -182,7 +189,7 @@ void addIssueRows(Rows& rows) {
 
 void addPullRequestRows(Rows& rows) {
     const auto& number = rows.snapshot.pullRequestID;
-    if (!number || !rows.isSingleValue)
+    if (!number)
         return;
     const QList<QUrl> links = pullRequestLinks(rows.bases(keys::pullRequestBaseURLs), *number);
     rows.paste("action.pasteIssueNumber.format", number, u"number");

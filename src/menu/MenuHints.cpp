@@ -45,6 +45,12 @@ QString MenuHints::choose() {
     const int openings = increment(m_preferences, keys::altHintMenuOpenCount);
     if (uses < optionModeIsKnownAfter && openings % 2 == 0)
         return m_strings.text(QStringLiteral("hint.modifier.keepClipboard"));
+    return draw();
+}
+
+QString MenuHints::draw() const {
+    if (!m_preferences.isOn(keys::hintsEnabled))
+        return {};
     const Hint& hint = hints[std::size_t(m_random(int(hints.size())))];
     const QString text = m_strings.text(QString::fromLatin1(hint.key));
     if (!hint.shortcut)

@@ -19,6 +19,9 @@ public:
     /// Counts an opening and chooses; empty when hints are switched off.
     QString choose();
 
+    /// Any one of the list, without counting; empty when hints are switched off.
+    QString draw() const;
+
     void countOptionModeUse();
     void switchOff();
 

@@ -101,7 +101,12 @@ void StatusMenuController::rebuild() {
 void StatusMenuController::rebuildNow() {
     m_history.dropExpiredPins();
     m_filler.forget();
-    m_renderer.update(statusMenu(m_content, m_state));
+    if (m_state.hint.isEmpty()) // They may have been switched on meanwhile.
+        m_state.hint = m_hints.draw();
+    const QList<MenuItem> tree = statusMenu(m_content, m_state);
+    m_renderer.update(tree);
+    if (m_state.searchQuery.isEmpty()) // What is found changes with the next letter.
+        m_filler.scheduleWarmUp(tree);
 }
 
 void StatusMenuController::search(const QString& query) {

@@ -80,7 +80,7 @@ QList<MenuItem> groupItems(QStringView id, const MenuBuild& build) {
     QList<MenuItem> items;
     for (const Snippet& snippet : group->snippets) {
         items.append(snippetItem(snippet, group->id, build));
-        items.last().keyEquivalent = shortcutKeys(snippet);
+        addShortcut(items.last(), snippet);
     }
     if (items.isEmpty())
         items.append(MenuItem::disabled(build.text("menu.empty")));

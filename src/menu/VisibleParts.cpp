@@ -13,7 +13,7 @@ namespace {
 
 const QString mask = QStringLiteral("••••••");
 
-/// Of a longer text only the part in question is looked at.
+/// Of a longer text only the part in question, or what is around it, is looked at.
 constexpr qsizetype mostUnits = 4096;
 
 /// The range of the text with secrets masked that the whole text shows to be such.
@@ -65,6 +65,16 @@ QString VisibleParts::lastPathSegment() const {
 
 QString VisibleParts::dotPart(const QString& part) const {
     return !m_isMasked || m_visibleText.contains(part) ? part : mask;
+}
+
+bool VisibleParts::showsReference(const QString& key) const {
+    const qsizetype at = m_text.indexOf(key, 0, Qt::CaseInsensitive);
+    if (!m_isMasked || at < 0)
+        return true;
+    if (m_text.size() <= mostUnits)
+        return m_visibleText.contains(key, Qt::CaseInsensitive);
+    const QString around = m_text.mid(std::max<qsizetype>(0, at - mostUnits / 2), mostUnits);
+    return maskedSecrets(around).contains(key, Qt::CaseInsensitive);
 }
 
 QString VisibleParts::card(const QString& written) const {

@@ -18,6 +18,9 @@ public:
     QString lastPathSegment() const;
     QString dotPart(const QString& part) const;
 
+    /// Whether a reference to an issue may be shown at all, in whatever case the text has it.
+    bool showsReference(const QString& key) const;
+
     /// `written` is the card's number, in groups or not.
     QString card(const QString& written) const;
 

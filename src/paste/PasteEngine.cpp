@@ -28,13 +28,13 @@ PasteEngine::PasteEngine(PasteDelivery& delivery, ClipboardHistory& history)
     , m_history(history) {}
 
 void PasteEngine::pasteEntry(const RecentClipboardEntry& entry, PasteOption option) {
-    const bool needsText = option == PasteOption::plainText || option == PasteOption::withEdit;
-    if (entry.isImage() && needsText)
+    const bool isPlainText = option == PasteOption::plainText;
+    if (entry.isImage() && isPlainText)
         return;
-    if (option == PasteOption::withEdit)
+    if (option == PasteOption::withEdit && !entry.isImage())
         return requestEdit(entry);
     const RecentClipboardEntry pastedEntry = entry; // Using it moves it in the history.
-    paste(needsText ? QList{textItem(pastedEntry.text)} : pasteboardItems(pastedEntry), option);
+    paste(isPlainText ? QList{textItem(pastedEntry.text)} : pasteboardItems(pastedEntry), option);
     emit pasted(pastedEntry.text);
     m_history.bump(pastedEntry);
 }

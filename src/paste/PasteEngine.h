@@ -18,8 +18,8 @@ public:
 
     /// Pastes an entry, of the history or of a smart folder alone, and counts the use: with every
     /// form in which it was captured, or its text alone as plain text; a picture has none, and
-    /// nothing happens. To be edited first, it is handed on by `editRequested`, and its use counts
-    /// when it is pasted.
+    /// nothing happens. To be edited first, a text is handed on by `editRequested`, and its use
+    /// counts when it is pasted; a picture is pasted as it is.
     void pasteEntry(const RecentClipboardEntry& entry, PasteOption option = PasteOption::normal);
 
     /// Pastes a text alone. `used` is called when it is pasted: at once, or after the edit.

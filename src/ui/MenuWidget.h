@@ -15,10 +15,12 @@ class QKeyEvent;
 
 namespace quorvel {
 
+class Pasteboard;
 class SearchRow;
 
 /// What all menus of one tree share.
 struct MenuContext {
+    Pasteboard& pasteboard;
     std::function<QIcon(const MenuItem&)> icon;
     std::function<QString(const KeyEquivalent&)> keyText;
     std::function<bool(const QKeyEvent&)> takesKey; ///< Whether the press was dealt with.

@@ -19,7 +19,8 @@ bool MenuWidget::type(QKeyEvent& press) {
 }
 
 void MenuWidget::addSearchRow() {
-    m_search = new SearchRow(this, m_context.icon({.symbol = QStringLiteral("magnifyingglass")}));
+    m_search = new SearchRow(this, m_context.icon({.symbol = QStringLiteral("magnifyingglass")}),
+                             m_context.pasteboard);
     connect(&m_search->field(), &SearchField::changedByUser, this, &MenuWidget::searchChanged);
 }
 
@@ -91,6 +92,7 @@ void MenuWidget::measure(const QList<MenuItem>& items) {
     }
 }
 
+/// Return then takes what is found first, and nothing when nothing is found.
 void MenuWidget::highlightFirstFound() {
     for (const Row& row : m_rows)
         if (row.submenu)
@@ -98,7 +100,8 @@ void MenuWidget::highlightFirstFound() {
     const auto first = std::find_if(
         m_rows.begin() + ptrdiff_t(m_searchIndex.value_or(0)), m_rows.end(),
         [](const Row& row) { return row.action->isVisible() && row.action->isEnabled(); });
-    if (first == m_rows.end())
+    const bool isSearching = !m_itemsQuery.trimmed().isEmpty();
+    if (first == m_rows.end() || (isSearching && first->item.tag != pasteItemTag))
         setActiveAction(nullptr);
     else if (first->action != activeAction())
         highlight(*first);

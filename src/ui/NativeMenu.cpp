@@ -9,8 +9,8 @@
 
 namespace quorvel {
 
-NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings)
-    : m_context(context(icons, strings))
+NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard)
+    : m_context(context(icons, strings, pasteboard))
     , m_menu(m_context, &m_style)
     , m_grab(m_menu) {
     connect(&m_menu, &QMenu::aboutToHide, this, [this] {
@@ -65,8 +65,9 @@ std::optional<MenuItem> NativeMenu::find(const MenuKeyboard::Matches& matches) {
     return m_menu.find(matches);
 }
 
-MenuContext NativeMenu::context(const Icons& icons, const StringTable& strings) {
-    MenuContext context;
+MenuContext NativeMenu::context(const Icons& icons, const StringTable& strings,
+                                Pasteboard& pasteboard) {
+    MenuContext context{.pasteboard = pasteboard};
     context.icon = [this, &icons](const MenuItem& item) {
         const QIcon plain = icon(item, icons);
         return item.isPinned ? pinnedIcon(plain, icons.symbol(QStringLiteral("pin"))) : plain;

@@ -9,6 +9,7 @@
 namespace quorvel {
 
 class Icons;
+class Pasteboard;
 class StringTable;
 
 /// The menu as the toolkit's own popup menu. It takes the keyboard by a grab, never the input
@@ -17,7 +18,7 @@ class NativeMenu final : public PopupMenu {
     Q_OBJECT
 
 public:
-    NativeMenu(const Icons& icons, const StringTable& strings);
+    NativeMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard);
 
     void update(const QList<MenuItem>& tree) override;
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;
@@ -30,7 +31,7 @@ private:
     void release() override;
     std::optional<MenuItem> find(const MenuKeyboard::Matches& matches) override;
 
-    MenuContext context(const Icons& icons, const StringTable& strings);
+    MenuContext context(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard);
     QIcon icon(const MenuItem& item, const Icons& icons);
 
     Thumbnails m_thumbnails;

@@ -59,7 +59,7 @@ PopupMenu::KeyUse PopupMenu::pressed(const QKeyEvent& press) {
     if (meant.meaning == MenuKeyboard::Meaning::closes)
         end("hot key");
     else if (meant.meaning == MenuKeyboard::Meaning::chooses)
-        choose(meant.item);
+        chooseByKeys(meant.item);
     return meant.meaning == MenuKeyboard::Meaning::nothing ? KeyUse::free : KeyUse::taken;
 }
 
@@ -76,9 +76,20 @@ void PopupMenu::released(const QKeyEvent& release) {
 }
 
 void PopupMenu::choose(const MenuItem& item) {
+    end(choiceOf(item));
+}
+
+/// The modifiers that belong to the keys say no more.
+void PopupMenu::chooseByKeys(const MenuItem& item) {
+    MenuChoice choice = choiceOf(item);
+    choice.modifiers &= ~item.keyEquivalent.modifiers;
+    end(choice);
+}
+
+void PopupMenu::end(const MenuChoice& choice) {
     if (m_phase == Phase::closed)
         return;
-    m_choice = choiceOf(item);
+    m_choice = choice;
     m_reason = "chosen";
     hide();
 }

@@ -68,6 +68,8 @@ private:
     enum class Phase { closed, open, ending };
 
     void modifierPressed(const QKeyEvent& press);
+    void chooseByKeys(const MenuItem& item);
+    void end(const MenuChoice& choice);
     void finish();
     void releaseWhenClosed();
 

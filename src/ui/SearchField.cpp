@@ -50,8 +50,10 @@ private:
     int m_leastWidth = leastWideRow;
 };
 
-SearchField::SearchField(QWidget* parent)
-    : QLineEdit(parent) {
+SearchField::SearchField(QWidget* parent, Pasteboard& pasteboard)
+    : QLineEdit(parent)
+    , m_pasteboard(pasteboard) {
+    setAcceptDrops(false);
     setClearButtonEnabled(true);
     setContextMenuPolicy(Qt::NoContextMenu); // A popup over the menu would take its keys.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -75,9 +77,36 @@ bool SearchField::take(QKeyEvent& press, Submenu submenu) {
         return hadText;
     }
     if (!(press.modifiers() & (Qt::AltModifier | Qt::MetaModifier)))
-        QLineEdit::keyPressEvent(&press);
+        edit(press);
     press.accept();
     return true;
+}
+
+/// Keys that delete to an end of the line would leave what they delete on the clipboard.
+void SearchField::edit(QKeyEvent& press) {
+    if (const auto wanted = clipboardUse(press))
+        return use(*wanted);
+    if (press.matches(QKeySequence::DeleteCompleteLine))
+        return clear();
+    if (!press.matches(QKeySequence::DeleteEndOfLine))
+        return QLineEdit::keyPressEvent(&press);
+    end(true);
+    if (hasSelectedText())
+        del();
+}
+
+void SearchField::use(ClipboardUse use) {
+    if (use == ClipboardUse::paste) {
+        const QString line = clipboardLine(m_pasteboard);
+        if (!line.isEmpty())
+            insert(line);
+        return;
+    }
+    if (!hasSelectedText())
+        return;
+    m_pasteboard.write({textItem(selectedText())});
+    if (use == ClipboardUse::cut)
+        del();
 }
 
 void SearchField::keyPressEvent(QKeyEvent* event) {
@@ -88,10 +117,20 @@ void SearchField::keyReleaseEvent(QKeyEvent* event) {
     event->ignore();
 }
 
-SearchRow::SearchRow(QObject* parent, const QIcon& magnifier)
+void SearchField::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton)
+        QLineEdit::mousePressEvent(event);
+}
+
+void SearchField::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton)
+        QLineEdit::mouseReleaseEvent(event);
+}
+
+SearchRow::SearchRow(QObject* parent, const QIcon& magnifier, Pasteboard& pasteboard)
     : QWidgetAction(parent)
     , m_container(new SearchContainer)
-    , m_field(new SearchField(m_container)) {
+    , m_field(new SearchField(m_container, pasteboard)) {
     m_field->addAction(magnifier, QLineEdit::LeadingPosition);
     setDefaultWidget(m_container);
     setEnabled(false);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/FieldClipboard.h"
+
 #include <QLineEdit>
 #include <QWidgetAction>
 
@@ -8,13 +10,16 @@ class QWindow;
 namespace quorvel {
 
 /// The line edit inside a menu. Every key reaches the menu first, which hands back what is typing.
+/// What is pasted comes from the pasteboard; the middle button and drops, which could only ask the
+/// other program itself, do nothing.
 class SearchField final : public QLineEdit {
     Q_OBJECT
 
 public:
     enum class Submenu { closed, open };
 
-    explicit SearchField(QWidget* parent);
+    /// `pasteboard` outlives this.
+    SearchField(QWidget* parent, Pasteboard& pasteboard);
 
     /// Shows another text without telling it as a change by the user.
     void showText(const QString& text);
@@ -28,8 +33,14 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void edit(QKeyEvent& press);
+    void use(ClipboardUse use);
+
+    Pasteboard& m_pasteboard;
     bool m_isShowing = false;
 };
 
@@ -45,7 +56,7 @@ class SearchRow final : public QWidgetAction {
     Q_OBJECT
 
 public:
-    SearchRow(QObject* parent, const QIcon& magnifier);
+    SearchRow(QObject* parent, const QIcon& magnifier, Pasteboard& pasteboard);
 
     SearchField& field() const { return *m_field; }
 

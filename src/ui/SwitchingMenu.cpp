@@ -2,9 +2,9 @@
 
 namespace quorvel {
 
-SwitchingMenu::SwitchingMenu(const Icons& icons, const StringTable& strings)
-    : m_native(icons, strings)
-    , m_popover(icons, strings) {
+SwitchingMenu::SwitchingMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard)
+    : m_native(icons, strings, pasteboard)
+    , m_popover(icons, strings, pasteboard) {
     forward(m_native);
     forward(m_popover);
 }

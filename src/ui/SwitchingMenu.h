@@ -10,7 +10,7 @@ class SwitchingMenu final : public MenuRenderer {
     Q_OBJECT
 
 public:
-    SwitchingMenu(const Icons& icons, const StringTable& strings);
+    SwitchingMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard);
 
     void setKeyPositions(const HotKeyCenter& keys);
 

@@ -12,7 +12,10 @@ namespace quorvel {
 
 namespace {
 
-constexpr qsizetype mostBytesKept = 1'500'000;
+/// The rows of a menu show as many small pictures as this; large ones are looked at one by one.
+constexpr qsizetype leastBytesKept = 1'500'000;
+constexpr qsizetype fullPicturesKept = 4;
+constexpr qsizetype bytesPerPixel = 4;
 constexpr qsizetype hashedPart = 256 * 1024;
 constexpr int threadLifetimeMilliseconds = 5000;
 
@@ -44,7 +47,7 @@ Thumbnails::Thumbnails()
 
 Thumbnails::Thumbnails(const Look& look)
     : m_look(look)
-    , m_icons(mostBytesKept) {
+    , m_icons(leastBytesKept) {
     m_pool.setMaxThreadCount(1);
     m_pool.setExpiryTimeout(threadLifetimeMilliseconds);
     m_pool.setThreadPriority(QThread::LowPriority);
@@ -57,11 +60,18 @@ Thumbnails::~Thumbnails() {
 
 QIcon Thumbnails::icon(const QByteArray& png) {
     const qreal scale = qGuiApp->devicePixelRatio();
+    makeRoom(m_look.box * scale);
     const Key key = keyOf(png, scale);
     if (const QIcon* known = m_icons.object(key))
         return *known;
     startDecoding(key, png, scale);
     return {};
+}
+
+/// What did not fit would be decoded again each time it is asked for.
+void Thumbnails::makeRoom(QSize box) {
+    const qsizetype full = qsizetype(box.width()) * box.height() * bytesPerPixel;
+    m_icons.setMaxCost(std::max(leastBytesKept, full * fullPicturesKept));
 }
 
 Thumbnails::Key Thumbnails::keyOf(const QByteArray& png, qreal scale) {

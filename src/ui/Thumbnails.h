@@ -46,6 +46,7 @@ private:
         return qHashMulti(seed, key.size, key.beginning, key.end, key.scale);
     }
 
+    void makeRoom(QSize box);
     static Key keyOf(const QByteArray& png, qreal scale);
     void startDecoding(const Key& key, const QByteArray& png, qreal scale);
     void keep(const Key& key, const QImage& picture);

@@ -155,8 +155,11 @@ TEST_F(AppDelegateTest, ANewSnippetThatIsNotOnTheDiskIsTold) {
     program.mainQueue.settle();
     program.delegate.store().addFromClipboard(QStringLiteral("s"));
     program.mainQueue.settle();
-    ASSERT_EQ(program.desktop.messages.size(), 2);
-    EXPECT_NE(program.desktop.messages.first(), program.desktop.messages.last());
+    program.copy(QStringLiteral("refused"));
+    emit program.menu.chosen(
+        {MenuAction::addFromClipboardToGroup, QUuid::createUuid().toString()}); // There is none.
+    ASSERT_EQ(program.desktop.messages.size(), 3);
+    EXPECT_EQ(program.desktop.messages.removeDuplicates(), 0) << "what is not there is not unsaved";
     const QJsonObject status = ask(program, QStringLiteral("status")).result.toObject();
     EXPECT_TRUE(
         status.value(QStringLiteral("problems")).toObject().contains(QStringLiteral("snippets")));
@@ -269,6 +272,23 @@ TEST_F(AppDelegateTest, TheControlSocketAnswers) {
     EXPECT_TRUE(ask(program, QStringLiteral("quit")).isOk());
     program.mainQueue.settle();
     EXPECT_EQ(quit.size(), 1);
+}
+
+TEST_F(AppDelegateTest, PinningOverTheSocketMakesATimedPinLastBeyondTheStorageLimit) {
+    Program program(home.path());
+    program.delegate.applicationDidFinishLaunching();
+    const auto& clips = program.delegate.history().recentClipboard();
+    program.copy(QStringLiteral("kept"));
+    emit program.menu.chosen({MenuAction::pinRecentSnippetForHour, clips.first().id.toString()});
+    const int limit = Preferences::recentClipboardStorageMultiplier * 5;
+    for (int i = 0; i < limit; ++i)
+        program.copy(QString::number(i));
+    ASSERT_EQ(clips.size(), limit + 1);
+    EXPECT_TRUE(
+        ask(program, QStringLiteral("pin"), {{QStringLiteral("position"), limit + 1}}).isOk());
+    ASSERT_EQ(clips.size(), limit + 1);
+    EXPECT_TRUE(clips.last().pinned);
+    EXPECT_FALSE(clips.last().pinnedUntil.has_value());
 }
 
 /// What the control tool gets: the result as compact JSON, or "! error".

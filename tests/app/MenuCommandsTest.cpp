@@ -28,7 +28,7 @@ protected:
     CopyTools copyTools{pasteboard, watcher};
     FakeDesktop desktop;
     FakeTerminal terminal;
-    ContextCommands contextCommands{{engine, desktop, terminal, strings}};
+    ContextCommands contextCommands{{engine, desktop, terminal, layouts, strings}};
     MenuCommands commands{
         {history, smartFolders, snippets, pasteboard, engine, copyTools, contextCommands}};
 };
@@ -136,6 +136,13 @@ TEST_F(MenuCommandsTest, PartsOfTextsArePastedOpenedCalledAndRun) {
     EXPECT_EQ(pasteboard.string(), value);
     choose(MenuAction::pasteContextValue, QStringLiteral("nonsense"));
     EXPECT_EQ(pasteboard.writeCount(), 1);
+    layouts.configure({FakeKeyboardLayouts::layout(QStringLiteral("us"), QStringLiteral("d")),
+                       FakeKeyboardLayouts::layout(QStringLiteral("ru"), QStringLiteral("в"))});
+    choose(MenuAction::pasteContextValue, ContextPastePayload{value, std::nullopt}.text());
+    EXPECT_EQ(layouts.activeID(), QStringLiteral("us"));
+    choose(MenuAction::pasteContextValue,
+           ContextPastePayload{QStringLiteral("в"), QStringLiteral("ru")}.text());
+    EXPECT_EQ(layouts.activeID(), QStringLiteral("ru"));
     choose(MenuAction::openRecentURL, QStringLiteral("https://a.example/?q=%20x"));
     choose(MenuAction::openRecentJiraIssue, QStringLiteral("https://t.example/browse/A-1"));
     choose(MenuAction::openRecentPullRequest, QStringLiteral("https://g.example/pull/1"));

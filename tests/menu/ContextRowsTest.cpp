@@ -72,7 +72,8 @@ TEST_F(ContextRowsTest, EveryKindOffersWhatSuitsIt) {
     EXPECT_EQ(outline(QStringLiteral("git push origin")),
               "Open in Terminal Without Running|Run in Terminal");
     EXPECT_EQ(abouts(QStringLiteral(" git push origin ")), "git push origin|git push origin");
-    for (const char* text : {"", "plain words", "3.14", "PROJ-1 in words that go on and on and on"})
+    for (const char* text :
+         {"", "plain words", "3.14", "the top-10 in words that go on and on and on"})
         EXPECT_EQ(outline(QString::fromLatin1(text)), "") << text;
 }
 
@@ -80,6 +81,9 @@ TEST_F(ContextRowsTest, ReferencesLeadToTheTrackersThatAreSet) {
     const QString key = QStringLiteral("proj-42");
     EXPECT_EQ(outline(key), "Paste Key: PROJ-42");
     EXPECT_EQ(outline(QStringLiteral("PR #7")), "Paste Number: 7");
+    EXPECT_EQ(outline(QStringLiteral("Close the menu when its screen is unplugged\n\nPROJ-42")),
+              "Paste Key: PROJ-42")
+        << "in prose, too";
     qputenv("QUORVEL_JIRA_BASE_URL", "https://env.example");
     EXPECT_EQ(outline(key), "Paste Link to PROJ-42|Open PROJ-42 in Browser|Paste Key: PROJ-42");
     EXPECT_EQ(abouts(key), "https://env.example/browse/PROJ-42|"
@@ -93,6 +97,10 @@ TEST_F(ContextRowsTest, ReferencesLeadToTheTrackersThatAreSet) {
               "Open PROJ-42 (a.example) in Browser|"
               "Open PROJ-42 (b.example:81) in Browser|Paste Key: PROJ-42");
     preferences.setBaseUrls(keys::pullRequestBaseURLs, {QStringLiteral("https://git.example/o/r")});
+    EXPECT_EQ(
+        outline(QStringLiteral("Close the menu when its screen is unplugged\n\nMerges PR #7.")),
+        "Paste Number: 7|Paste Link: git.example/o/r/pull/7|Open git.example/o/r/pull/7")
+        << "in prose, too";
     EXPECT_EQ(outline(QStringLiteral("PR #7")),
               "Paste Number: 7|Paste Link: git.example/o/r/pull/7|Open git.example/o/r/pull/7");
 }
@@ -110,7 +118,14 @@ TEST_F(ContextRowsTest, WhatMaskingHidesIsHiddenInRowsButPastedWhole) {
     EXPECT_EQ(outline(link), "Open in Browser|Paste Domain: a.example|Paste End of Path: cb|"
                              "Paste Parameter: state=on|Paste Parameter: access_token=••••••");
     EXPECT_EQ(about(items(link).last()), QStringLiteral("9fQx7Lm2Rv8Zt4Kp6Wd1Yb3Nc5"));
+    const QString note = QStringLiteral("the words before\npassword: HUNTER-223344 ");
+    const QString far = QStringLiteral("more words ").repeated(1000);
+    textServices.found.clear();
+    for (const QString& text : {note, QString(note + far), QString(far + note)})
+        EXPECT_EQ(outline(text), "") << text.size();
     preferences.set(keys::sensitiveDataMaskingEnabled, false);
+    EXPECT_EQ(outline(note), "Paste Key: HUNTER-223344");
+    take(DataKind::url, link);
     EXPECT_EQ(outlineOf(items(link).last()),
               QStringLiteral("Paste Parameter: access_token=9fQx7Lm2Rv8Zt4Kp6Wd1Yb3Nc5"));
     textServices.found.clear();

@@ -197,4 +197,29 @@ TEST_F(StatusMenuControllerTest, TheWarmUpFillsTheFirstSubmenusUnlessTheMenuClos
         QStringLiteral("] chunk=1/7: +140ms"))); // 28 of 41, four at a time
 }
 
+TEST_F(StatusMenuControllerTest, TheWarmUpFollowsWhatARebuildHasBroughtUnlessSomethingIsSearched) {
+    const LogLines log;
+    preferences.set(keys::debugMenuTimings, true);
+    controller.open(MenuVariant::main);
+    mainQueue.advance(1s);
+    emit renderer.searchChanged(QStringLiteral("e"));
+    insertLinks(1);
+    mainQueue.advance(1s);
+    EXPECT_FALSE(LogLines::taken().contains(QStringLiteral("first-hydrate")));
+    emit renderer.searchChanged(QString());
+    mainQueue.advance(140ms);
+    EXPECT_TRUE(LogLines::taken().contains(QStringLiteral("first-hydrate[folder-lazy-links]")));
+}
+
+TEST_F(StatusMenuControllerTest, HintsThatAreSwitchedOnWhileTheMenuIsOpenAppear) {
+    preferences.set(keys::hintsEnabled, false);
+    controller.open(MenuVariant::main);
+    preferences.set(keys::hintsEnabled, true);
+    EXPECT_FALSE(shows("! Smart folders gather"));
+    controller.rebuild();
+    mainQueue.settle();
+    EXPECT_TRUE(shows("! Smart folders gather"));
+    EXPECT_EQ(preferences.record(keys::altHintMenuOpenCount).toInt(), 0) << "it is no opening";
+}
+
 } // namespace quorvel::testing

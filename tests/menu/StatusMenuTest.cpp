@@ -122,7 +122,9 @@ TEST_F(StatusMenuTest, TitlesAreShortOneLineAndLiteral) {
               QStringLiteral("# Recent Clips|1: abcdefghijklmnopqrstuvwxyzabc\u2026CDEFGHIJKL|"
                              "2: Image|3: first second & third|(Save Clipboard as Snippet)"));
     state.isControlHeld = true;
-    EXPECT_TRUE(section("Recent Clips").contains(QStringLiteral("2: Edit and Paste: Image|")));
+    EXPECT_TRUE(section("Recent Clips")
+                    .contains(QStringLiteral("2: Image|3: Edit and Paste: first second")))
+        << "a picture is no text to edit";
     state.isOptionMode = true;
     EXPECT_TRUE(section("Recent Clips")
                     .contains(QStringLiteral("1: abcdefghijklmnopqrstuvwxyzabcABCDEFGHIJKL >|")))

@@ -160,6 +160,32 @@ TEST_F(SubmenusTest, OptionModeKnowsWhatSuitsPicturesAndSnippets) {
     }
 }
 
+TEST_F(SubmenusTest, ShortcutsOfSnippetsWorkInOptionModeBeforeAndAfterARowIsFilled) {
+    const SnippetShortcut keys{QStringLiteral("1"), 0x40000 | 0x80000};
+    const QUuid group = addGroup(QStringLiteral("g"));
+    addSnippet(QStringLiteral("root"), QStringLiteral("r"), {}, keys);
+    addSnippet(QStringLiteral("inner"), QStringLiteral("i"), group, keys);
+    state.isOptionMode = true;
+    const auto rowIn = [](const QList<MenuItem>& list, MenuAction action) {
+        const auto row = std::find_if(list.begin(), list.end(),
+                                      [&](const MenuItem& item) { return item.action == action; });
+        return row == list.end() ? MenuItem() : *row;
+    };
+    for (const auto& [list, action] :
+         {std::pair(statusMenu(content, state), MenuAction::pasteRootSnippet),
+          std::pair(items(groupIdentifier % idText(group)), MenuAction::pasteGroupSnippet)}) {
+        const MenuItem row = rowIn(list, action);
+        ASSERT_EQ(row.innerKeys.size(), 1);
+        EXPECT_EQ(row.innerKeys.first().keyEquivalent.modifiers,
+                  Modifier::control | Modifier::option);
+        EXPECT_EQ(row.innerKeys.first().action, action);
+        EXPECT_EQ(row.innerKeys.first().representedObject, row.representedObject);
+        const MenuItem normal = items(row.identifier).value(2);
+        EXPECT_EQ(normal.keyEquivalent, row.innerKeys.first().keyEquivalent);
+        EXPECT_EQ(normal.representedObject, row.representedObject + QStringLiteral("|normal"));
+    }
+}
+
 TEST_F(SubmenusTest, TextsCanBePastedAsTypedInAnotherLayout) {
     layouts.configure(
         {FakeKeyboardLayouts::layout(QStringLiteral("us"), QStringLiteral("ghbdtnz")),

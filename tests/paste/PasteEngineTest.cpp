@@ -177,12 +177,15 @@ TEST_F(PasteEngineTest, PlainTextDropsEveryOtherForm) {
 
 TEST_F(PasteEngineTest, APictureIsNeverPastedAsText) {
     history.insert({.text = QStringLiteral("file name"), .imagePNGData = "png"});
-    for (const PasteOption option : {PasteOption::plainText, PasteOption::withEdit})
-        paste(first().id, option);
+    paste(first().id, PasteOption::plainText);
     mainQueue.advance(1s);
     EXPECT_EQ(pasteboard.writeCount(), 0);
     EXPECT_TRUE(keyPoster.posts().isEmpty());
     EXPECT_EQ(first().usageCount, 0);
+    paste(first().id, PasteOption::withEdit);
+    mainQueue.advance(1s);
+    EXPECT_EQ(pasteboard.items(), pasteboardItems(first())) << "as it is: it is no text to edit";
+    EXPECT_EQ(keyPoster.posts().size(), 1);
 }
 
 TEST_F(PasteEngineTest, KeepingTheClipboardPutsItBackUnlessSomethingNewIsThere) {

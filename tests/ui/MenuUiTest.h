@@ -2,10 +2,12 @@
 
 #include "foundation/StringTable.h"
 #include "menu/MenuRenderer.h"
+#include "support/FakePasteboard.h"
 #include "ui/Icons.h"
 #include "ui/UiDesktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 
 #include <gtest/gtest.h>
 
@@ -76,6 +78,7 @@ protected:
     }
 
     Menu& menu() { return m_menu; }
+    FakePasteboard& pasteboard() { return m_pasteboard; }
     const QStringList& events() const { return m_events; }
     const QStringList& queries() const { return m_queries; }
     const MenuChoice& choice() const { return m_choice; }
@@ -95,6 +98,25 @@ protected:
     bool happens(const QStringList& expected) { return comesToBe(m_events, expected); }
     bool asked(const QStringList& expected) { return comesToBe(m_queries, expected); }
 
+    /// What the open menu's search field does at the keys and the button for the clipboard.
+    void editsSearchByThePasteboard(QWidget& field) {
+        QGuiApplication::clipboard()->setText(QStringLiteral("selected"), QClipboard::Selection);
+        pasteboard().copyFromOutside(QStringLiteral("\n  caf\u00E9 au \r\nlait"));
+        pressKeys("ctrl+v");
+        ASSERT_TRUE(asked({QStringLiteral("caf\u00E9 au")}));
+        const QPoint middle = field.mapToGlobal(field.rect().center());
+        putPointer(middle);
+        xdotool({QStringLiteral("click"), QStringLiteral("2")});
+        for (const char* key : {"Home", "ctrl+shift+Right", "ctrl+x"})
+            pressKeys(key);
+        ASSERT_TRUE(waitUntil([&] { return queries().constLast() == u"au"; }));
+        EXPECT_EQ(pasteboard().string(), QStringLiteral("caf\u00E9 "));
+        pressKeys("ctrl+u");
+        ASSERT_TRUE(waitUntil([&] { return queries().constLast().isEmpty(); }));
+        EXPECT_EQ(pasteboard().writeCount(), 1);
+        EXPECT_FALSE(QGuiApplication::clipboard()->ownsClipboard());
+    }
+
     /// What the program does with a search: the tree with what is found.
     void answerSearches(const QStringList& titles) {
         QObject::connect(&m_menu, &MenuRenderer::searchChanged, &m_menu,
@@ -110,7 +132,8 @@ private:
 
     Icons m_icons;
     StringTable m_strings = StringTable::forLanguage(QStringLiteral("en"));
-    Menu m_menu{m_icons, m_strings};
+    FakePasteboard m_pasteboard;
+    Menu m_menu{m_icons, m_strings, m_pasteboard};
     QStringList m_events;
     QStringList m_queries;
     QList<Modifiers> m_modifiers;

@@ -320,6 +320,24 @@ TEST_F(NativeMenuTest, typingGoesToTheSearchFieldWhereverTheHighlightIs) {
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen b y")}));
 }
 
+TEST_F(NativeMenuTest, returnDoesNothingWhenNothingIsFound) {
+    QObject::connect(&menu(), &MenuRenderer::searchChanged, &menu(), [this](const QString& query) {
+        menu().update(searchable({}, query) << MenuItem::disabled(QStringLiteral("No matches"))
+                                            << submenu(QStringLiteral("Translate"), clips(1))
+                                            << clip(QStringLiteral("Save")));
+    });
+    open(searchable({QStringLiteral("a")}) << clip(QStringLiteral("Save")));
+    ASSERT_TRUE(highlight(QStringLiteral("Save")));
+    pressKeys("x");
+    ASSERT_TRUE(asked({QStringLiteral("x")}));
+    EXPECT_EQ(highlighted(shownMenu()), QString());
+    pressKeys("Return");
+    pressKeys("x");
+    ASSERT_TRUE(asked({QStringLiteral("x"), QStringLiteral("xx")}));
+    EXPECT_TRUE(menu().isOpen());
+    EXPECT_TRUE(events().isEmpty());
+}
+
 TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
     const KeyboardLayout deadKeys({QStringLiteral("us"), QStringLiteral("-variant"),
                                    QStringLiteral("intl"), QStringLiteral("-option"),
@@ -329,6 +347,12 @@ TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
     for (const char* key : {"dead_acute", "e", "Multi_key", "s", "s"})
         pressKeys(key);
     EXPECT_TRUE(asked({QStringLiteral(u"\u00E9"), QStringLiteral(u"\u00E9\u00DF")}));
+}
+
+TEST_F(NativeMenuTest, theSearchFieldCopiesAndPastesByThePasteboard) {
+    open(searchable({QStringLiteral("a")}));
+    editsSearchByThePasteboard(searchField());
+    EXPECT_TRUE(menu().isOpen());
 }
 
 TEST_F(NativeMenuTest, escapeClearsTheSearchBeforeItCloses) {
@@ -411,6 +435,11 @@ TEST_F(NativeMenuTest, keysInsideLazySubmenusWork) {
     pressKeys("super+7");
     ASSERT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen inner")}));
     EXPECT_EQ(choice().action, MenuAction::pasteGroupSnippet);
+    folder.innerKeys.first().keyEquivalent.modifiers = Modifier::control | Modifier::option;
+    open({folder});
+    pressKeys("ctrl+alt+7");
+    ASSERT_TRUE(waitUntil([&] { return events().size() == 4; }));
+    EXPECT_EQ(choice().modifiers, Modifiers()) << "they belong to the key";
 }
 
 TEST_F(NativeMenuTest, anItemGetsASubmenuInPlaceAndLosesItAgain) {

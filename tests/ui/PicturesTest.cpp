@@ -82,6 +82,18 @@ TEST(Thumbnails, areDecodedOnceAndThenAtHand) {
     EXPECT_TRUE(waitUntil([&] { return decoded == 3; })); // Only the new one.
 }
 
+TEST(Thumbnails, areKeptHoweverLargeTheyAreOnThisScreen) {
+    Thumbnails previews({.box = QSize(1700, 1400)});
+    int decoded = 0;
+    QObject::connect(&previews, &Thumbnails::decoded, &previews, [&] { ++decoded; });
+    const QList<QByteArray> pictures{png({1700, 1400}), png({1700, 1399})};
+    for (const QByteArray& picture : pictures)
+        EXPECT_TRUE(previews.icon(picture).isNull());
+    ASSERT_TRUE(waitUntil([&] { return decoded == 2; }));
+    for (const QByteArray& picture : pictures)
+        EXPECT_FALSE(previews.icon(picture).isNull());
+}
+
 /// The most opaque colour of the icon's picture.
 QColor inkOf(const QIcon& icon, int pixels, QIcon::Mode mode) {
     const QImage image = icon.pixmap(QSize(pixels, pixels), 1, mode).toImage();

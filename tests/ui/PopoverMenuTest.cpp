@@ -185,6 +185,12 @@ TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
     layout({QStringLiteral("us")});
 }
 
+TEST_F(PopoverMenuTest, theSearchFieldCopiesAndPastesByThePasteboard) {
+    open(searchable({QStringLiteral("a")}));
+    editsSearchByThePasteboard(*root().searchField());
+    EXPECT_TRUE(menu().isOpen());
+}
+
 TEST_F(PopoverMenuTest, escapeLeavesTheSubmenuThenTheSearchThenThePopover) {
     MenuItem hint = clip(QStringLiteral("hint")); // Above the field: no result.
     hint.kind = MenuItemKind::hint;
@@ -278,6 +284,34 @@ TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight)
     EXPECT_EQ(highlighted(root()), QStringLiteral("more"));
     button("click");
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen clip 2")}));
+}
+
+TEST_F(PopoverMenuTest, aScrollBarIsLetGoWhenItsPanelCloses) {
+    const auto hold = [](const PopoverPanel& panel) {
+        const PopoverList& list = panel.list();
+        putPointer(list.mapToGlobal(QPoint(list.width() - 3, 10)));
+        button("mousedown");
+        ASSERT_TRUE(waitUntil([&] { return list.isScrollBarHeld(); }));
+    };
+    open(clips(100));
+    hold(root());
+    menu().close();
+    button("mouseup");
+    open(QList<MenuItem>{submenu(QStringLiteral("more"), clips(100))} + clips(100));
+    putPointer(middleOf(root(), QStringLiteral("clip 1")));
+    EXPECT_TRUE(comesTo(root(), QStringLiteral("clip 1")));
+    putPointer(middleOf(root(), QStringLiteral("more")));
+    ASSERT_TRUE(showsPanels(2));
+    hold(deepest());
+    menu().update(clips(100));
+    ASSERT_TRUE(showsPanels(1));
+    putPointer(middleOf(root(), QStringLiteral("clip 2")));
+    ASSERT_TRUE(comesTo(root(), QStringLiteral("clip 2")));
+    button("mouseup"); // Ends the scrolling, no more.
+    putPointer(middleOf(root(), QStringLiteral("clip 3")));
+    button("click");
+    EXPECT_TRUE(happens(
+        {QStringLiteral("closed"), QStringLiteral("closed"), QStringLiteral("chosen clip 3")}));
 }
 
 TEST_F(PopoverMenuTest, modifiersAreToldAndItsHotKeyClosesItUnlessItOnlyRepeats) {

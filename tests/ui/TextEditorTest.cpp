@@ -1,13 +1,18 @@
+#include "support/FakePasteboard.h"
 #include "support/QtPrinting.h"
 #include "ui/UiDesktop.h"
 #include "ui/editor/EditorText.h"
 #include "ui/editor/QtTextEditor.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -36,7 +41,8 @@ protected:
         return waitUntil([&] { return m_answers == count; });
     }
 
-    QtTextEditor m_editor{StringTable::forLanguage(QStringLiteral("en"))};
+    FakePasteboard m_pasteboard;
+    QtTextEditor m_editor{StringTable::forLanguage(QStringLiteral("en")), m_pasteboard};
     std::optional<EditBeforePasteState> m_edited;
     int m_answers = 0;
 };
@@ -94,6 +100,37 @@ TEST_F(TextEditorTest, everyControlIsReachedWithTheTabKey) {
                                                  "QPushButton QPushButton"));
     EXPECT_EQ(panel()->focusWidget(), &field()) << "and round again";
     EXPECT_EQ(field().toPlainText(), QStringLiteral("text"));
+    pressKeys("Escape");
+    EXPECT_TRUE(answers());
+}
+
+TEST_F(TextEditorTest, copiesCutsAndPastesByThePasteboardAlone) {
+    const auto says = [&](const QString& text) {
+        return waitUntil([&] { return field().toPlainText() == text; });
+    };
+    const QString endless = QString(EditorText::longestLine + 1, u'e');
+    present(endless);
+    m_pasteboard.copyFromOutside(QStringLiteral("1\n2"));
+    for (const char* key : {"ctrl+a", "ctrl+c", "ctrl+End", "ctrl+x"})
+        pressKeys(key);
+    ASSERT_TRUE(waitUntil([&] { return m_pasteboard.string() == endless; })) << "as one line";
+    m_pasteboard.copyFromOutside(QStringLiteral("1\n2"));
+    for (const char* key : {"ctrl+a", "ctrl+v"})
+        pressKeys(key);
+    ASSERT_TRUE(says(QStringLiteral("1\n2")));
+    for (const char* key : {"shift+Left", "shift+Delete", "shift+Insert"})
+        pressKeys(key);
+    ASSERT_TRUE(says(QStringLiteral("1\n2")));
+    EXPECT_EQ(m_pasteboard.string(), QStringLiteral("2"));
+
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, {}, field().mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(field().viewport(), &asked);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    menu->findChild<QAction*>(QStringLiteral("edit-paste"))->trigger();
+    EXPECT_EQ(field().toPlainText(), QStringLiteral("1\n22"));
+    menu->close();
+    EXPECT_FALSE(QGuiApplication::clipboard()->ownsClipboard());
     pressKeys("Escape");
     EXPECT_TRUE(answers());
 }

@@ -14,7 +14,7 @@ QList<MenuItem> rootItems(const MenuBuild& build) {
     QList<MenuItem> items;
     for (const Snippet& snippet : build.content().snippets.rootSnippets()) {
         items.append(snippetItem(snippet, QUuid(), build));
-        items.last().keyEquivalent = shortcutKeys(snippet);
+        addShortcut(items.last(), snippet);
     }
     if (items.isEmpty())
         items.append(MenuItem::disabled(build.text("menu.noSavedItems")));

@@ -38,11 +38,13 @@ constexpr qreal mostOfScreen = 0.95;
 
 } // namespace
 
-EditorPanel::EditorPanel(const EditBeforePasteState& state, const StringTable& strings)
+EditorPanel::EditorPanel(const EditBeforePasteState& state, const StringTable& strings,
+                         Pasteboard& pasteboard)
     : QDialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_strings(strings)
     , m_state(state)
     , m_editorText(state.text)
+    , m_text(pasteboard, m_editorText)
     , m_counts(strings, [this] { return m_editorText.read(*m_text.document()); }) {
     setWindowTitle(text("menu.pasteWithEdit.title"));
     setSizeGripEnabled(true);

@@ -3,13 +3,13 @@
 #include "foundation/StringTable.h"
 #include "paste/EditBeforePaste.h"
 #include "ui/editor/CountLabel.h"
+#include "ui/editor/EditorField.h"
 #include "ui/editor/EditorText.h"
 #include "ui/editor/TextLoader.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QPlainTextEdit>
 
 #include <optional>
 
@@ -21,7 +21,9 @@ class EditorPanel final : public QDialog {
     Q_OBJECT
 
 public:
-    EditorPanel(const EditBeforePasteState& state, const StringTable& strings);
+    /// `strings` and `pasteboard` outlive this.
+    EditorPanel(const EditBeforePasteState& state, const StringTable& strings,
+                Pasteboard& pasteboard);
 
     /// As the user has set it.
     EditBeforePasteState edited() const;
@@ -51,7 +53,7 @@ private:
     const StringTable& m_strings;
     const EditBeforePasteState m_state; ///< As it was in the beginning.
     const EditorText m_editorText;
-    QPlainTextEdit m_text;
+    EditorField m_text;
     std::optional<TextLoader> m_loader;
     QComboBox m_case;
     QCheckBox m_trimCollapse;

@@ -52,7 +52,14 @@ QString EditorText::shown() const {
 QString EditorText::read(const QTextDocument& document) const {
     if (!document.isModified())
         return m_original;
-    QString text = document.toRawText(); // the other form makes no-break spaces ordinary ones
+    return plain(document.toRawText()); // the other form makes no-break spaces ordinary ones
+}
+
+QString EditorText::selected(const QTextCursor& cursor) const {
+    return plain(cursor.selectedText());
+}
+
+QString EditorText::plain(QString text) const {
     if (m_hasEndlessLines)
         text.remove(QString(ownBreakMark) + QChar::ParagraphSeparator);
     std::replace(text.begin(), text.end(), QChar(QChar::LineSeparator), QChar(u'\n'));

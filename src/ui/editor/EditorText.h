@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QTextCursor>
 #include <QTextDocument>
 
 namespace quorvel {
@@ -18,9 +19,14 @@ public:
     /// What the document says now, with the breaks of the lines as the original had them.
     QString read(const QTextDocument& document) const;
 
+    /// The same of what is selected, for a copy.
+    QString selected(const QTextCursor& cursor) const;
+
     static constexpr qsizetype longestLine = 8192;
 
 private:
+    QString plain(QString text) const;
+
     QString m_original;
     QString m_lineBreak;
     bool m_hasEndlessLines = false;

@@ -11,15 +11,16 @@ constexpr QPoint step{28, 28};
 
 } // namespace
 
-QtTextEditor::QtTextEditor(StringTable strings)
-    : m_strings(std::move(strings)) {}
+QtTextEditor::QtTextEditor(StringTable strings, Pasteboard& pasteboard)
+    : m_strings(std::move(strings))
+    , m_pasteboard(pasteboard) {}
 
 QtTextEditor::~QtTextEditor() {
     close();
 }
 
 void QtTextEditor::present(const EditBeforePasteState& state, Done done) {
-    auto* panel = new EditorPanel(state, m_strings);
+    auto* panel = new EditorPanel(state, m_strings, m_pasteboard);
     connect(panel, &QDialog::finished, this,
             [this, panel, done = std::move(done)] { finish(panel, done); });
     panel->present(step * int(m_panels.size()));

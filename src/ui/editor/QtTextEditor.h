@@ -2,6 +2,7 @@
 
 #include "foundation/StringTable.h"
 #include "paste/TextEditor.h"
+#include "platform/Pasteboard.h"
 
 #include <QObject>
 
@@ -14,7 +15,8 @@ class QtTextEditor final : public QObject, public TextEditor {
     Q_OBJECT
 
 public:
-    explicit QtTextEditor(StringTable strings);
+    /// `pasteboard` outlives this.
+    QtTextEditor(StringTable strings, Pasteboard& pasteboard);
     ~QtTextEditor() override;
 
     void present(const EditBeforePasteState& state, Done done) override;
@@ -24,6 +26,7 @@ private:
     void finish(EditorPanel* panel, const Done& done);
 
     const StringTable m_strings;
+    Pasteboard& m_pasteboard;
     QList<EditorPanel*> m_panels;
 };
 

@@ -14,10 +14,10 @@ constexpr Thumbnails::Look previews{.box = QSize(340, 280), .rounding = 4};
 
 } // namespace
 
-PopoverMenu::PopoverMenu(const Icons& icons, const StringTable& strings)
+PopoverMenu::PopoverMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard)
     : m_thumbnails(rowPictures)
     , m_previews(previews)
-    , m_context{icons, strings, m_thumbnails, m_previews}
+    , m_context{icons, strings, pasteboard, m_thumbnails, m_previews}
     , m_stack(m_context, screen())
     , m_keys(m_stack)
     , m_pointer(m_stack)

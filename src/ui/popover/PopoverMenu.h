@@ -18,7 +18,7 @@ class PopoverMenu final : public PopupMenu {
     Q_OBJECT
 
 public:
-    PopoverMenu(const Icons& icons, const StringTable& strings);
+    PopoverMenu(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard);
 
     void update(const QList<MenuItem>& tree) override;
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) override;

@@ -40,7 +40,7 @@ PopoverPanel::PopoverPanel(const PopoverContext& context, PanelFrame::Shape shap
 
 void PopoverPanel::addSearchField() {
     m_list->reservePictures();
-    m_field = new SearchField(this);
+    m_field = new SearchField(this, m_context.pasteboard);
     m_field->setFrame(false);
     m_field->setClearButtonEnabled(false);
     m_magnifier = m_field->addAction(QIcon(), QLineEdit::LeadingPosition);
@@ -179,6 +179,8 @@ void PopoverPanel::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     m_widest = 0;
     m_list->motion().stop();
+    m_list->releaseScrollBar();
+    m_list->setScrollBarHovered(false);
     emit hidden();
 }
 

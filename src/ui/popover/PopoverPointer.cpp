@@ -30,15 +30,13 @@ PopoverPointer::PopoverPointer(PopoverStack& stack)
 
 void PopoverPointer::begin(QPoint pointer) {
     m_opened = m_last = m_before = pointer;
-    m_isPressed = m_hasMoved = false;
+    m_isPressed = m_isScrolling = m_hasMoved = false;
     m_finger.reset();
 }
 
 void PopoverPointer::end() {
     m_settling.stop();
     m_finger.reset();
-    for (int level = 0; level < m_stack.depth(); ++level)
-        m_stack.list(level).releaseScrollBar();
 }
 
 void PopoverPointer::take(QEvent& event) {
@@ -66,7 +64,9 @@ void PopoverPointer::press(const QMouseEvent& press) {
     PopoverList& list = m_stack.list(spot.level);
     list.motion().stop();
     const QPoint inside = list.mapFromGlobal(place);
-    if (m_isPressed && list.isOnScrollBar(inside))
+    if (m_isPressed)
+        m_isScrolling = list.isOnScrollBar(inside);
+    if (m_isPressed && m_isScrolling)
         list.pressScrollBar(inside);
     else if (m_stack.isSelectable(spot))
         hover(place);
@@ -133,14 +133,20 @@ void PopoverPointer::settle() {
 /// The release of a press elsewhere chooses, too, when the pointer has been moved here since.
 void PopoverPointer::release(const QMouseEvent& release) {
     const bool wasPressed = std::exchange(m_isPressed, false);
-    if (const int level = heldScrollBar(); level >= 0)
-        return m_stack.list(level).releaseScrollBar();
+    if (std::exchange(m_isScrolling, false))
+        return releaseScrollBar();
     if (release.button() != Qt::LeftButton || !(wasPressed || m_hasMoved))
         return;
     const Spot spot = m_stack.spotAt(release.globalPosition().toPoint());
     m_settling.stop();
     if (!m_stack.dismissHint(spot, release.globalPosition().toPoint()))
         m_stack.activate(spot, PopoverStack::By::pointer);
+}
+
+/// Its panel may have closed meanwhile.
+void PopoverPointer::releaseScrollBar() {
+    if (const int level = heldScrollBar(); level >= 0)
+        m_stack.list(level).releaseScrollBar();
 }
 
 int PopoverPointer::heldScrollBar() const {

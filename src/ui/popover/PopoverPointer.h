@@ -58,6 +58,7 @@ private:
     bool isOnItsWay(const QPoint& from, const QPoint& to);
     void settle();
     void updateScrollBars(const QPoint& place);
+    void releaseScrollBar();
     int heldScrollBar() const;
 
     PopoverStack& m_stack;
@@ -68,6 +69,7 @@ private:
     QPoint m_before; ///< A little way back.
     std::optional<Finger> m_finger;
     bool m_isPressed = false;
+    bool m_isScrolling = false; ///< The press was on a scroll bar.
     bool m_hasMoved = false;
 };
 

@@ -9,12 +9,14 @@
 
 namespace quorvel {
 
+class Pasteboard;
 class StringTable;
 
 /// What all panels of one popover share. Everything outlives them.
 struct PopoverContext {
     const Icons& icons;
     const StringTable& strings;
+    Pasteboard& pasteboard;
     Thumbnails& thumbnails;
     Thumbnails& previews; ///< Larger ones.
 };
