@@ -29,7 +29,7 @@ public:
     /// submenu with its item, the typed text in the search field. Nothing when it is closed.
     virtual void update(const QList<MenuItem>& tree) = 0;
 
-    /// Gives a lazy submenu its items, by its identifier.
+    /// Gives a lazy submenu its items, by its identifier; several rows may lead to it.
     virtual void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) = 0;
 
     /// Does what the first opening would have to wait for: fonts, icons, the window. Shows nothing.

@@ -66,11 +66,10 @@ void MenuWidget::fillSubmenu(const QString& identifier, const QList<MenuItem>& i
         const bool isMeant = row.item.identifier == identifier;
         if (isMeant)
             row.item.submenu = items;
-        else if (!fillSubmenuItem(row.item.submenu, identifier, items))
+        else if (!fillSubmenuItems(row.item.submenu, identifier, items))
             continue;
         if (row.submenu && row.submenu->isVisible())
             isMeant ? row.submenu->setItems(items) : row.submenu->fillSubmenu(identifier, items);
-        return;
     }
 }
 

@@ -40,7 +40,7 @@ public:
     /// an open submenu stays open when its item keeps its place.
     void setItems(const QList<MenuItem>& items);
 
-    /// Gives a lazy submenu its items; nothing when there is none of this identifier.
+    /// Gives the lazy submenus of this identifier their items; nothing when there is none.
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items);
 
     /// Forgets all items and submenus. Only while closed.

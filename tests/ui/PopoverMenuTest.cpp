@@ -261,6 +261,19 @@ TEST_F(PopoverMenuTest, lazySubmenusAreFilledAtOnceOrLaterAndOutliveUpdates) {
     EXPECT_TRUE(showsPanels(1));
 }
 
+TEST_F(PopoverMenuTest, everyRowThatLeadsToASubmenuShowsIt) {
+    const QString id = QStringLiteral("clip-lazy-1");
+    QObject::connect(&menu(), &MenuRenderer::submenuOpening, &menu(),
+                     [&] { menu().fillSubmenu(id, clips(2)); });
+    open({submenu(id), submenu(QStringLiteral("pinned"), {submenu(id)})});
+    pressKeys("End");
+    for (int depth : {2, 3}) {
+        pressKeys("Right");
+        ASSERT_TRUE(showsPanels(depth));
+    }
+    EXPECT_EQ(highlighted(deepest()), QStringLiteral("clip 0"));
+}
+
 TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight) {
     const QList<MenuItem> tree = clips(3) << submenu(QStringLiteral("more"), clips(4))
                                           << submenu(QStringLiteral("others"), clips(5));
