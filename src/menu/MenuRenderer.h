@@ -54,6 +54,9 @@ signals:
     /// The user has changed the text of the search field.
     void searchChanged(const QString& query);
 
+    /// A key is about to act on what a search finds: an update that is still to come is needed now.
+    void answerNeeded();
+
     /// A modifier key went down or up while the menu is open.
     void modifiersChanged(quorvel::Modifiers held);
 

@@ -160,7 +160,13 @@ void MenuWidget::actionEvent(QActionEvent* event) {
 
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
     if (!m_context.takesKey(*event) && !m_context.typed(*event))
-        QMenu::keyPressEvent(event);
+        shownMenu().QMenu::keyPressEvent(event);
+}
+
+/// This, or the menu before it: the results that the press waited for close a submenu.
+MenuWidget& MenuWidget::shownMenu() {
+    auto* before = qobject_cast<MenuWidget*>(parentWidget());
+    return isVisible() || !before ? *this : before->shownMenu();
 }
 
 void MenuWidget::keyReleaseEvent(QKeyEvent* event) {

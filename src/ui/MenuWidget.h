@@ -55,6 +55,9 @@ public:
     /// Takes the size that its rows need, within its screen.
     void layOutAgain();
 
+    /// Whether the items are no answer yet to what is in the search field.
+    bool awaitsAnswer() const;
+
     /// Hands a press to the search field, wherever the highlight is; false when there is none or
     /// the press drives the menu.
     bool type(QKeyEvent& press);
@@ -104,6 +107,7 @@ private:
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
     QRect placeOfNewSize() const;
+    MenuWidget& shownMenu();
     void highlight(const Row& row);
     void highlightAgain(const MenuItem& item, const QAction* previous);
     void highlightFirstFound();

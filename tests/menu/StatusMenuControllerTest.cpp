@@ -63,6 +63,20 @@ TEST_F(StatusMenuControllerTest, AnOpenMenuFollowsWhatChangesAndKeepsItsState) {
     EXPECT_FALSE(preferences.isOn(keys::hintsEnabled));
 }
 
+TEST_F(StatusMenuControllerTest, AKeyThatNeedsTheAnswerToASearchGetsItAtOnce) {
+    insert(QStringLiteral("old"));
+    insert(QStringLiteral("new"));
+    controller.open(MenuVariant::main);
+    emit renderer.searchChanged(QStringLiteral("old"));
+    EXPECT_TRUE(shows("1: new"));
+    emit renderer.answerNeeded();
+    EXPECT_TRUE(shows("|? old|-|1: old|"));
+    renderer.tree.clear();
+    emit renderer.answerNeeded();
+    mainQueue.settle();
+    EXPECT_EQ(shown(), QString()) << "it was built twice";
+}
+
 TEST_F(StatusMenuControllerTest, ClosingForgetsEverythingButProblems) {
     renderer.held = Modifier::option | Modifier::control;
     controller.open(MenuVariant::copyHotKey);

@@ -6,6 +6,7 @@
 #include "ui/UiDesktop.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,22 @@ protected:
     }
 
     bool happens(const QStringList& expected) { return comesToBe(m_events, expected); }
+    /// Answers a search no sooner than a key needs it, as when keys come together.
+    void answerSearchesWhenNeeded(const QStringList& titles) {
+        QObject::connect(&m_menu, &MenuRenderer::answerNeeded, &m_menu, [this, titles] {
+            const QString query = m_queries.constLast();
+            m_menu.update(searchable(titles.filter(query), query));
+        });
+    }
+
+    /// Presses that the program gets in one turn of its main loop.
+    static void sendTogether(std::initializer_list<std::pair<Qt::Key, const char*>> presses) {
+        for (const auto& [key, text] : presses) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text));
+            QApplication::sendEvent(QApplication::activePopupWidget(), &press);
+        }
+    }
+
     bool asked(const QStringList& expected) { return comesToBe(m_queries, expected); }
 
     /// What the program does with a search: the tree with what is found.

@@ -336,6 +336,17 @@ TEST_F(NativeMenuTest, typingGoesToTheSearchFieldWhereverTheHighlightIs) {
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen b y")}));
 }
 
+TEST_F(NativeMenuTest, keysThatComeWithTypingActOnWhatItFinds) {
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("xy 1"), QStringLiteral("xy 2")};
+    answerSearchesWhenNeeded(titles);
+    open(searchable(titles) << submenu(QStringLiteral("more"), clips(2)));
+    ASSERT_TRUE(highlight(QStringLiteral("more")));
+    sendTogether({{Qt::Key_Right, ""}});
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 2; }));
+    sendTogether({{Qt::Key_X, "x"}, {Qt::Key_Y, "y"}, {Qt::Key_Down, ""}, {Qt::Key_Return, "\r"}});
+    EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen xy 2")}));
+}
+
 TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {
     const KeyboardLayout deadKeys({QStringLiteral("us"), QStringLiteral("-variant"),
                                    QStringLiteral("intl"), QStringLiteral("-option"),

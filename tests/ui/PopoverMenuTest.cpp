@@ -25,8 +25,9 @@ protected:
     static QList<PopoverPanel*> panels() {
         QList<PopoverPanel*> shown;
         for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* panel = qobject_cast<PopoverPanel*>(widget); panel && panel->isVisible())
-                panel->parent() ? shown.append(panel) : shown.prepend(panel);
+            if (auto* panel = qobject_cast<PopoverPanel*>(widget); panel && !panel->parent())
+                shown = QList{panel} + panel->findChildren<PopoverPanel*>();
+        shown.removeIf([](const PopoverPanel* panel) { return !panel->isVisible(); });
         return shown;
     }
     static PopoverPanel& root() { return *panels().constFirst(); }
@@ -171,6 +172,16 @@ TEST_F(PopoverMenuTest, typingSearchesWhereverTheHighlightIs) {
     EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen ax")}));
     open(searchable(titles));
     EXPECT_EQ(field.text(), QString());
+}
+
+TEST_F(PopoverMenuTest, keysThatComeWithTypingActOnWhatItFinds) {
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("xy 1"), QStringLiteral("xy 2")};
+    answerSearchesWhenNeeded(titles);
+    open(searchable(titles) << submenu(QStringLiteral("more"), clips(2)));
+    sendTogether({{Qt::Key_End, ""}, {Qt::Key_Right, ""}});
+    ASSERT_TRUE(showsPanels(2));
+    sendTogether({{Qt::Key_X, "x"}, {Qt::Key_Y, "y"}, {Qt::Key_Down, ""}, {Qt::Key_Return, "\r"}});
+    EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen xy 2")}));
 }
 
 TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
