@@ -24,6 +24,13 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build,
 MenuItem snippetItem(const Snippet& snippet, const QUuid& group, const MenuBuild& build,
                      QStringView prefix = {});
 
+/// The same, whether it is option mode or not.
+MenuItem plainSnippetItem(const Snippet& snippet, const QUuid& group, const MenuContent& content,
+                          QStringView prefix = {});
+
+/// Gives a row the submenu with everything that can be done with what it pastes.
+void leadToModes(MenuItem& item);
+
 /// Command-1 to Command-9, then Command-0, then none.
 KeyEquivalent numberKey(qsizetype index);
 

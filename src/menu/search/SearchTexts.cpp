@@ -1,6 +1,7 @@
 #include "menu/search/SearchTexts.h"
 
 #include "foundation/Folding.h"
+#include "foundation/Text.h"
 #include "smart/masking/SecretMasker.h"
 
 #include <cstring>
@@ -12,11 +13,6 @@ namespace {
 bool occurs(const QByteArray& sought, const QByteArray& in) {
     return sought.isEmpty() ||
            memmem(in.constData(), size_t(in.size()), sought.constData(), size_t(sought.size()));
-}
-
-/// Nearly always both share their memory.
-bool isSame(const QString& a, const QString& b) {
-    return (a.constData() == b.constData() && a.size() == b.size()) || a == b;
 }
 
 } // namespace
@@ -35,7 +31,7 @@ void SearchTexts::prepare(const QUuid& id, const QString& text) const {
     dropIfMaskingChanged();
     const auto known = m_known.constFind(id);
     if (known != m_known.constEnd()) {
-        if (isSame(known->text, text))
+        if (isSameText(known->text, text))
             return;
         m_bytes -= known->folded.size();
         m_known.erase(known);
