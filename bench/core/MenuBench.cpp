@@ -1,7 +1,10 @@
 #include "MenuRig.h"
 
 #include "foundation/Files.h"
+#include "menu/ClipItems.h"
 #include "snippets/SnippetCoder.h"
+
+#include <QStringBuilder>
 
 #include <benchmark/benchmark.h>
 
@@ -38,15 +41,32 @@ StoreData library() {
     return data;
 }
 
+constexpr int manySnippets = 10'000;
+
+enum class Where { root, group };
+
+/// As many as a library may hold, all in one place.
+StoreData hugeLibrary(Where where) {
+    QList<Snippet> snippets;
+    for (int i = 0; i < manySnippets; ++i)
+        snippets.append(
+            {.id = QUuid::createUuid(),
+             .title = QStringLiteral("Snippet %1").arg(i),
+             .text = snippetTexts[std::size_t(i) % snippetTexts.size()].arg(10000 + i)});
+    if (where == Where::root)
+        return {.rootSnippets = snippets};
+    return {.groups = {{.id = QUuid::createUuid(), .name = u"All"_qs, .snippets = snippets}}};
+}
+
 /// A full menu: all folders, the most clips of the given length, a big library of snippets.
 struct FullMenu : MenuRig {
-    explicit FullMenu(int length) {
+    explicit FullMenu(int length, const StoreData& snippetData = library()) {
         preferences.set(keys::clipboardHistoryLimit, 50);
         const QString filler = QStringLiteral("The quick brown fox. ").repeated(length / 21 + 1);
         for (int i = 0; i < clipCount; ++i)
             history.insert({.text = QStringLiteral("%1 %2").arg(i).arg(filler).left(length),
                             .autoTags = {static_cast<ClipboardAutoTag>(i % tagCount)}});
-        writeFileAtomically(snippets.fileURL(), encodedSnippetFile(library()));
+        writeFileAtomically(snippets.fileURL(), encodedSnippetFile(snippetData));
         snippets.load();
         preparation.start();
         mainQueue.advance(MenuPreparation::delay);
@@ -69,9 +89,36 @@ void searchMenu(benchmark::State& state, const char* query) {
         benchmark::DoNotOptimize(statusMenu(menu.content, searching));
 }
 
+/// What a key costs when every text is as long as clips may be.
+void searchLongClips(benchmark::State& state) {
+    const FullMenu menu(1024 * 1024);
+    const QString typed = QStringLiteral("the quick brown foxes");
+    qsizetype length = 0;
+    for (auto _ : state) {
+        length = length % typed.size() + 1;
+        benchmark::DoNotOptimize(statusMenu(menu.content, {.searchQuery = typed.left(length)}));
+    }
+}
+
+void buildMenuOfManySnippets(benchmark::State& state) {
+    const FullMenu menu(50, hugeLibrary(Where::root));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(statusMenu(menu.content, {}));
+}
+
+void fillGroupOfManySnippets(benchmark::State& state) {
+    const FullMenu menu(50, hugeLibrary(Where::group));
+    const QString identifier = groupIdentifier % idText(menu.snippets.groups().constFirst().id);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(submenuItems(identifier, MenuBuild(menu.content, {})));
+}
+
 } // namespace
 
 BENCHMARK(buildMenu)->Arg(50)->Arg(10 * 1024)->Arg(1024 * 1024)->Unit(benchmark::kMicrosecond);
+BENCHMARK(buildMenuOfManySnippets)->Unit(benchmark::kMicrosecond);
+BENCHMARK(fillGroupOfManySnippets)->Unit(benchmark::kMicrosecond);
+BENCHMARK(searchLongClips)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(searchMenu, everything, "e")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(searchMenu, a_few, "Snippet")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(searchMenu, at_the_ends, "199 the quick")->Unit(benchmark::kMicrosecond);

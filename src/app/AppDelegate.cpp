@@ -186,6 +186,7 @@ MenuContent AppDelegate::menuContent() const {
             m_environment.strings,
             m_environment.clock,
             m_shownTexts,
+            m_snippetRows,
             m_searchTexts,
             m_textAnalyses,
             m_layoutVariants};

@@ -95,6 +95,7 @@ private:
     ClipboardHistory m_history;
     SmartFolderClipboard m_smartFolders;
     ShownTexts m_shownTexts;
+    SnippetRows m_snippetRows;
     HistoryStore m_historyStore;
     PasteboardWatcher m_watcher;
     FocusTracker m_focusTracker;

@@ -4,6 +4,11 @@
 
 namespace quorvel {
 
+/// Whether both texts are equal; at once when they share their memory, as copies do.
+inline bool isSameText(const QString& a, const QString& b) {
+    return a.size() == b.size() && (a.constData() == b.constData() || a == b);
+}
+
 /// Number of user-perceived characters (grapheme clusters).
 qsizetype characterCount(QStringView text);
 

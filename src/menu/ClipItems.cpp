@@ -19,7 +19,7 @@ QString cut(const QString& line, TitleLength length) {
 /// In option mode a row leads to all that can be done with it, as far as it has no submenu yet.
 void finish(MenuItem& item, const MenuBuild& build) {
     if (build.state().isOptionMode)
-        item.identifier = advancedIdentifier % item.representedObject;
+        leadToModes(item);
 }
 
 QString editTitle(const QString& title, const MenuBuild& build) {
@@ -69,16 +69,26 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build, QSt
     return item;
 }
 
+void leadToModes(MenuItem& item) {
+    item.identifier = advancedIdentifier % item.representedObject;
+}
+
 MenuItem snippetItem(const Snippet& snippet, const QUuid& group, const MenuBuild& build,
                      QStringView prefix) {
+    MenuItem item = plainSnippetItem(snippet, group, build.content(), prefix);
+    finish(item, build);
+    return item;
+}
+
+MenuItem plainSnippetItem(const Snippet& snippet, const QUuid& group, const MenuContent& content,
+                          QStringView prefix) {
     MenuItem item;
     item.title = shortened(singleLine(snippet.title), titleLimit, titleTail);
     item.action = group.isNull() ? MenuAction::pasteRootSnippet : MenuAction::pasteGroupSnippet;
     item.representedObject = prefix % snippetText(group, snippet.id);
     item.symbol = QStringLiteral("text.quote");
-    item.toolTip = shownText(snippet, build.content());
+    item.toolTip = shownText(snippet, content);
     item.tag = pasteItemTag;
-    finish(item, build);
     return item;
 }
 
@@ -92,12 +102,6 @@ KeyEquivalent shortcutKeys(const Snippet& snippet) {
     if (!snippet.customShortcut)
         return {};
     return {snippet.customShortcut->key, snippet.customShortcut->modifiers()};
-}
-
-void addShortcut(MenuItem& row, const Snippet& snippet) {
-    row.keyEquivalent = shortcutKeys(snippet);
-    if (row.isLazy() && !row.keyEquivalent.key.isEmpty())
-        row.innerKeys = {{row.keyEquivalent, row.action, row.representedObject}};
 }
 
 QString idText(const QUuid& id) {

@@ -24,14 +24,18 @@ MenuItem clipItem(const RecentClipboardEntry& entry, const MenuBuild& build,
 MenuItem snippetItem(const Snippet& snippet, const QUuid& group, const MenuBuild& build,
                      QStringView prefix = {});
 
+/// The same, whether it is option mode or not.
+MenuItem plainSnippetItem(const Snippet& snippet, const QUuid& group, const MenuContent& content,
+                          QStringView prefix = {});
+
+/// Gives a row the submenu with everything that can be done with what it pastes.
+void leadToModes(MenuItem& item);
+
 /// Command-1 to Command-9, then Command-0, then none.
 KeyEquivalent numberKey(qsizetype index);
 
 /// The keys of a snippet's own shortcut; none when it has none.
 KeyEquivalent shortcutKeys(const Snippet& snippet);
-
-/// Gives the snippet's row its shortcut, which goes on pasting when the row leads to a submenu.
-void addShortcut(MenuItem& row, const Snippet& snippet);
 
 /// Upper-case, without braces.
 QString idText(const QUuid& id);

@@ -5,6 +5,7 @@
 #include "foundation/StringTable.h"
 #include "menu/FolderSnippets.h"
 #include "menu/MenuVariant.h"
+#include "menu/SnippetRows.h"
 #include "menu/search/SearchTexts.h"
 #include "paste/layouts/KeyboardLayoutVariants.h"
 #include "platform/Pasteboard.h"
@@ -24,6 +25,7 @@ struct MenuContent {
     const StringTable& strings;
     const Clock& clock;
     const ShownTexts& shownTexts;
+    const SnippetRows& snippetRows;
     const SearchTexts& searchTexts;
     const TextAnalyses& textAnalyses;
     const KeyboardLayoutVariants& layoutVariants;

@@ -65,3 +65,8 @@ struct MenuItem {
 inline constexpr int pasteItemTag = 4101;
 
 } // namespace quorvel
+
+// Lists of many rows grow without moving each of them.
+Q_DECLARE_TYPEINFO(quorvel::KeyEquivalent, Q_RELOCATABLE_TYPE);
+Q_DECLARE_TYPEINFO(quorvel::InnerKey, Q_RELOCATABLE_TYPE);
+Q_DECLARE_TYPEINFO(quorvel::MenuItem, Q_RELOCATABLE_TYPE);

@@ -29,7 +29,7 @@ public:
     /// submenu with its item, the typed text in the search field. Nothing when it is closed.
     virtual void update(const QList<MenuItem>& tree) = 0;
 
-    /// Gives a lazy submenu its items, by its identifier.
+    /// Gives a lazy submenu its items, by its identifier; several rows may lead to it.
     virtual void fillSubmenu(const QString& identifier, const QList<MenuItem>& items) = 0;
 
     /// Does what the first opening would have to wait for: fonts, icons, the window. Shows nothing.
@@ -53,6 +53,9 @@ signals:
 
     /// The user has changed the text of the search field.
     void searchChanged(const QString& query);
+
+    /// A key is about to act on what a search finds: an update that is still to come is needed now.
+    void answerNeeded();
 
     /// A modifier key went down or up while the menu is open.
     void modifiersChanged(quorvel::Modifiers held);

@@ -30,10 +30,10 @@ QList<MenuItem> statusMenu(const MenuContent& content, const MenuState& state) {
     const MenuBuild build(content, state);
     QList<MenuItem> items;
     for (const Section section : sections(state.variant)) {
-        const QList<MenuItem> next = section(build);
+        QList<MenuItem> next = section(build);
         if (!items.isEmpty() && !next.isEmpty())
             items.append(MenuItem::separator());
-        items += next;
+        items.append(std::move(next));
     }
     return items;
 }

@@ -22,6 +22,7 @@ StatusMenuController::StatusMenuController(Parts parts)
     connect(&m_filler, &SubmenuFiller::filled, &m_renderer, &MenuRenderer::fillSubmenu);
     connect(&m_renderer, &MenuRenderer::submenuOpening, &m_filler, &SubmenuFiller::fill);
     connect(&m_renderer, &MenuRenderer::searchChanged, this, &StatusMenuController::search);
+    connect(&m_renderer, &MenuRenderer::answerNeeded, this, &StatusMenuController::rebuildAtOnce);
     connect(&m_renderer, &MenuRenderer::modifiersChanged, this,
             &StatusMenuController::followModifiers);
     connect(&m_renderer, &MenuRenderer::ending, this,
@@ -84,18 +85,22 @@ void StatusMenuController::menuDidClose() {
     m_rootMenuIsOpen = false;
     m_filler.beginGeneration();
     m_modifierFlagsTimer.cancel();
+    m_pendingRebuild.cancel();
     m_state = {.problem = m_state.problem};
 }
 
 /// Several changes of one moment are shown together.
 void StatusMenuController::rebuild() {
-    if (!m_rootMenuIsOpen || std::exchange(m_isRebuildPending, true))
+    if (m_rootMenuIsOpen && !m_pendingRebuild.isPending())
+        m_pendingRebuild = m_mainQueue.after({}, this, [this] { rebuildNow(); });
+}
+
+/// Keys that come together are all dealt with before the next turn.
+void StatusMenuController::rebuildAtOnce() {
+    if (!m_pendingRebuild.isPending())
         return;
-    m_mainQueue.after({}, this, [this] {
-        m_isRebuildPending = false;
-        if (m_rootMenuIsOpen)
-            rebuildNow();
-    });
+    m_pendingRebuild.cancel();
+    rebuildNow();
 }
 
 void StatusMenuController::rebuildNow() {

@@ -64,6 +64,7 @@ private:
     void menuWillOpen();
     void menuDidClose();
     void rebuildNow();
+    void rebuildAtOnce();
     void search(const QString& query);
     void followModifiers(Modifiers held);
 
@@ -77,7 +78,7 @@ private:
     SubmenuFiller m_filler;
     MenuState m_state;
     bool m_rootMenuIsOpen = false;
-    bool m_isRebuildPending = false;
+    WorkItem m_pendingRebuild;
     WorkItem m_modifierFlagsTimer;
 };
 

@@ -24,7 +24,13 @@ SubmenuFiller::SubmenuFiller(MainQueue& mainQueue, const MenuTimings& timings, B
     , m_build(std::move(build)) {}
 
 void SubmenuFiller::fill(const QString& identifier) {
-    fillChunks(identifier, 1);
+    const bool wasShown = m_shown.contains(identifier);
+    m_shown.insert(identifier);
+    const QList<MenuItem> all = items(identifier);
+    if (all.size() > firstChunk && !wasShown)
+        fillFirst(identifier, all);
+    else
+        fillWhole(identifier, 1, 1);
 }
 
 void SubmenuFiller::scheduleWarmUp(const QList<MenuItem>& tree) {
@@ -47,6 +53,7 @@ void SubmenuFiller::forget() {
 void SubmenuFiller::beginGeneration() {
     ++m_warmupGeneration;
     m_pendingWarmupWorkItem.cancel();
+    m_shown.clear();
     forget();
 }
 
@@ -57,18 +64,18 @@ const QList<MenuItem>& SubmenuFiller::items(const QString& identifier) {
     return *known;
 }
 
-/// Each chunk adds to what stands there already; the rest follows a turn later.
-void SubmenuFiller::fillChunks(const QString& identifier, qsizetype chunk) {
-    const QList<MenuItem> all = items(identifier);
-    const qsizetype chunks = chunkCount(all.size(), fillChunk);
+void SubmenuFiller::fillFirst(const QString& identifier, const QList<MenuItem>& items) {
+    m_timings.hydrated(identifier, 1, 2);
+    m_pendingSubmenuHydration.insert(identifier, m_mainQueue.after({}, this, [this, identifier] {
+        fillWhole(identifier, 2, 2);
+    }));
+    emit filled(identifier, items.first(firstChunk));
+}
+
+void SubmenuFiller::fillWhole(const QString& identifier, qsizetype chunk, qsizetype chunks) {
     m_timings.hydrated(identifier, chunk, chunks);
     m_pendingSubmenuHydration.take(identifier).cancel();
-    if (chunk < chunks)
-        m_pendingSubmenuHydration.insert(identifier,
-                                         m_mainQueue.after({}, this, [this, identifier, chunk] {
-                                             fillChunks(identifier, chunk + 1);
-                                         }));
-    emit filled(identifier, chunk < chunks ? all.first(chunk * fillChunk) : all);
+    emit filled(identifier, QList<MenuItem>(items(identifier)));
 }
 
 /// One chunk a turn, so that the menu stays smooth.

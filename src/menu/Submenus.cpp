@@ -77,11 +77,7 @@ QList<MenuItem> groupItems(QStringView id, const MenuBuild& build) {
     const SnippetGroup* group = build.content().snippets.group(QUuid::fromString(id));
     if (!group)
         return {};
-    QList<MenuItem> items;
-    for (const Snippet& snippet : group->snippets) {
-        items.append(snippetItem(snippet, group->id, build));
-        addShortcut(items.last(), snippet);
-    }
+    QList<MenuItem> items = build.content().snippetRows.of(group->id, group->snippets, build);
     if (items.isEmpty())
         items.append(MenuItem::disabled(build.text("menu.empty")));
     items.append(MenuItem::separator());

@@ -28,6 +28,13 @@ Modifiers modifiersFrom(Qt::KeyboardModifiers modifiers) {
     return result;
 }
 
+bool isTyping(const QKeyEvent& press) {
+    if (press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    const QString text = press.text();
+    return press.key() == Qt::Key_Backspace || (!text.isEmpty() && text.front().isPrint());
+}
+
 bool means(const QKeyEvent& press, const KeyEquivalent& equivalent, const HotKeyCenter* positions) {
     if (equivalent.key.size() != 1 || modifiersFrom(press.modifiers()) != equivalent.modifiers)
         return false;

@@ -1,6 +1,8 @@
 #include "ui/MenuTree.h"
 
+#include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace quorvel {
 
@@ -20,6 +22,13 @@ std::optional<MenuItem> findInnerKey(const MenuItem& item,
     return std::nullopt;
 }
 
+/// Looked up before anything is filled: a list that is written to is copied first.
+bool holds(const QList<MenuItem>& items, const QString& identifier) {
+    return std::any_of(items.begin(), items.end(), [&](const MenuItem& item) {
+        return item.identifier == identifier || holds(item.submenu, identifier);
+    });
+}
+
 } // namespace
 
 std::optional<MenuItem> findItem(const QList<MenuItem>& items,
@@ -37,17 +46,20 @@ std::optional<MenuItem> findItem(const QList<MenuItem>& items,
     return std::nullopt;
 }
 
-bool fillSubmenuItem(QList<MenuItem>& items, const QString& identifier,
-                     const QList<MenuItem>& content) {
-    for (MenuItem& item : items) {
-        if (item.identifier == identifier) {
-            item.submenu = content;
-            return true;
-        }
-        if (fillSubmenuItem(item.submenu, identifier, content))
-            return true;
+bool fillSubmenuItems(QList<MenuItem>& items, const QString& identifier,
+                      const QList<MenuItem>& content) {
+    bool isFilled = false;
+    for (qsizetype index = 0; index < items.size(); ++index) {
+        const MenuItem& item = std::as_const(items)[index];
+        if (item.identifier == identifier)
+            items[index].submenu = content;
+        else if (holds(item.submenu, identifier))
+            fillSubmenuItems(items[index].submenu, identifier, content);
+        else
+            continue;
+        isFilled = true;
     }
-    return false;
+    return isFilled;
 }
 
 bool isSameItem(const MenuItem& a, const MenuItem& b) {

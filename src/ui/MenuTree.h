@@ -12,9 +12,10 @@ namespace quorvel {
 std::optional<MenuItem> findItem(const QList<MenuItem>& items,
                                  const std::function<bool(const MenuItem&)>& matches);
 
-/// Gives the submenu of this identifier its items, at any depth; false when there is none.
-bool fillSubmenuItem(QList<MenuItem>& items, const QString& identifier,
-                     const QList<MenuItem>& content);
+/// Gives every submenu of this identifier its items, at any depth: a clip can stand in several
+/// sections. False when there is none.
+bool fillSubmenuItems(QList<MenuItem>& items, const QString& identifier,
+                      const QList<MenuItem>& content);
 
 /// Whether both stand for the same thing, whatever they look like; an item may get a submenu.
 bool isSameItem(const MenuItem& a, const MenuItem& b);

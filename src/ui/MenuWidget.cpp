@@ -66,11 +66,10 @@ void MenuWidget::fillSubmenu(const QString& identifier, const QList<MenuItem>& i
         const bool isMeant = row.item.identifier == identifier;
         if (isMeant)
             row.item.submenu = items;
-        else if (!fillSubmenuItem(row.item.submenu, identifier, items))
+        else if (!fillSubmenuItems(row.item.submenu, identifier, items))
             continue;
         if (row.submenu && row.submenu->isVisible())
             isMeant ? row.submenu->setItems(items) : row.submenu->fillSubmenu(identifier, items);
-        return;
     }
 }
 
@@ -161,7 +160,13 @@ void MenuWidget::actionEvent(QActionEvent* event) {
 
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
     if (!m_context.takesKey(*event) && !m_context.typed(*event))
-        QMenu::keyPressEvent(event);
+        shownMenu().QMenu::keyPressEvent(event);
+}
+
+/// This, or the menu before it: the results that the press waited for close a submenu.
+MenuWidget& MenuWidget::shownMenu() {
+    auto* before = qobject_cast<MenuWidget*>(parentWidget());
+    return isVisible() || !before ? *this : before->shownMenu();
 }
 
 void MenuWidget::keyReleaseEvent(QKeyEvent* event) {

@@ -42,7 +42,7 @@ public:
     /// an open submenu stays open when its item keeps its place.
     void setItems(const QList<MenuItem>& items);
 
-    /// Gives a lazy submenu its items; nothing when there is none of this identifier.
+    /// Gives the lazy submenus of this identifier their items; nothing when there is none.
     void fillSubmenu(const QString& identifier, const QList<MenuItem>& items);
 
     /// Forgets all items and submenus. Only while closed.
@@ -56,6 +56,9 @@ public:
 
     /// Takes the size that its rows need, within its screen.
     void layOutAgain();
+
+    /// Whether the items are no answer yet to what is in the search field.
+    bool awaitsAnswer() const;
 
     /// Hands a press to the search field, wherever the highlight is; false when there is none or
     /// the press drives the menu.
@@ -106,6 +109,7 @@ private:
     void showSubmenuItems(size_t index);
     void refreshOpenSubmenu(size_t index, bool isSameItem);
     QRect placeOfNewSize() const;
+    MenuWidget& shownMenu();
     void highlight(const Row& row);
     void highlightAgain(const MenuItem& item, const QAction* previous);
     void highlightFirstFound();

@@ -61,6 +61,10 @@ void MenuWidget::focusSearchField() {
         m_search->field().setFocus(Qt::PopupFocusReason);
 }
 
+bool MenuWidget::awaitsAnswer() const {
+    return m_searchIndex && m_search->field().text() != m_answeredQuery;
+}
+
 bool MenuWidget::takesNewQuery(const QList<MenuItem>& items) {
     const auto search = std::find_if(items.begin(), items.end(), [](const MenuItem& item) {
         return isKind(item, MenuItemKind::searchField);

@@ -61,6 +61,10 @@ void NativeMenu::release() {
     m_menu.release();
 }
 
+bool NativeMenu::awaitsAnswer() const {
+    return m_menu.awaitsAnswer();
+}
+
 std::optional<MenuItem> NativeMenu::find(const MenuKeyboard::Matches& matches) {
     return m_menu.find(matches);
 }

@@ -29,6 +29,7 @@ private:
     void hide() override;
     void fitToScreen() override;
     void release() override;
+    bool awaitsAnswer() const override;
     std::optional<MenuItem> find(const MenuKeyboard::Matches& matches) override;
 
     MenuContext context(const Icons& icons, const StringTable& strings, Pasteboard& pasteboard);

@@ -54,6 +54,9 @@ PopupMenu::KeyUse PopupMenu::pressed(const QKeyEvent& press) {
         modifierPressed(press);
         return KeyUse::taken;
     }
+    settleSearch(press);
+    if (!isOpen())
+        return KeyUse::taken;
     const MenuKeyboard::Press meant =
         m_keyboard.pressed(press, [this](const auto& matches) { return find(matches); });
     if (meant.meaning == MenuKeyboard::Meaning::closes)
@@ -61,6 +64,12 @@ PopupMenu::KeyUse PopupMenu::pressed(const QKeyEvent& press) {
     else if (meant.meaning == MenuKeyboard::Meaning::chooses)
         chooseByKeys(meant.item);
     return meant.meaning == MenuKeyboard::Meaning::nothing ? KeyUse::free : KeyUse::taken;
+}
+
+/// Letters may come faster than they are answered; any other key is about the rows that it finds.
+void PopupMenu::settleSearch(const QKeyEvent& press) {
+    if (isOpen() && !isTyping(press) && awaitsAnswer())
+        emit answerNeeded();
 }
 
 /// The state that comes with the event is the one before it.

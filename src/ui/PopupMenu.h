@@ -42,6 +42,9 @@ protected:
     /// Nothing is shown any more, and no event of the showing is under way.
     virtual void release() = 0;
 
+    /// Whether the items are no answer yet to what is in the search field.
+    virtual bool awaitsAnswer() const = 0;
+
     /// The first item of the tree that matches, submenus included.
     virtual std::optional<MenuItem> find(const MenuKeyboard::Matches& matches) = 0;
 
@@ -67,6 +70,7 @@ protected:
 private:
     enum class Phase { closed, open, ending };
 
+    void settleSearch(const QKeyEvent& press);
     void modifierPressed(const QKeyEvent& press);
     void chooseByKeys(const MenuItem& item);
     void end(const MenuChoice& choice);

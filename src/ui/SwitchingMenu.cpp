@@ -12,6 +12,7 @@ SwitchingMenu::SwitchingMenu(const Icons& icons, const StringTable& strings, Pas
 void SwitchingMenu::forward(MenuRenderer& from) {
     connect(&from, &MenuRenderer::submenuOpening, this, &MenuRenderer::submenuOpening);
     connect(&from, &MenuRenderer::searchChanged, this, &MenuRenderer::searchChanged);
+    connect(&from, &MenuRenderer::answerNeeded, this, &MenuRenderer::answerNeeded);
     connect(&from, &MenuRenderer::modifiersChanged, this, &MenuRenderer::modifiersChanged);
     connect(&from, &MenuRenderer::painted, this, &MenuRenderer::painted);
     connect(&from, &MenuRenderer::ending, this, &MenuRenderer::ending);

@@ -19,7 +19,12 @@ protected:
         for (int i = 0; i < count; ++i)
             insertLink(QStringLiteral("https://%1.example").arg(i));
     }
-    qsizetype lengthOfFill(qsizetype index) const { return renderer.fills.at(index).second.size(); }
+    QList<qsizetype> lengthsOfFills() const {
+        QList<qsizetype> lengths;
+        for (const auto& [identifier, items] : renderer.fills)
+            lengths.append(items.size());
+        return lengths;
+    }
     int uses() const { return preferences.record(keys::altModeUsageCount).toInt(); }
 
     FakeMenuRenderer renderer;
@@ -61,6 +66,20 @@ TEST_F(StatusMenuControllerTest, AnOpenMenuFollowsWhatChangesAndKeepsItsState) {
     mainQueue.settle();
     EXPECT_TRUE(shows("(Changes cannot be saved: disk full)|-|? new|-|1: new|snippet|-|"));
     EXPECT_FALSE(preferences.isOn(keys::hintsEnabled));
+}
+
+TEST_F(StatusMenuControllerTest, AKeyThatNeedsTheAnswerToASearchGetsItAtOnce) {
+    insert(QStringLiteral("old"));
+    insert(QStringLiteral("new"));
+    controller.open(MenuVariant::main);
+    emit renderer.searchChanged(QStringLiteral("old"));
+    EXPECT_TRUE(shows("1: new"));
+    emit renderer.answerNeeded();
+    EXPECT_TRUE(shows("|? old|-|1: old|"));
+    renderer.tree.clear();
+    emit renderer.answerNeeded();
+    mainQueue.settle();
+    EXPECT_EQ(shown(), QString()) << "it was built twice";
 }
 
 TEST_F(StatusMenuControllerTest, ClosingForgetsEverythingButProblems) {
@@ -115,19 +134,23 @@ TEST_F(StatusMenuControllerTest, OptionModeFollowsTheKeyAndCountsItsUses) {
     EXPECT_EQ(uses(), 1) << "nobody looks at the keys while the menu is closed";
 }
 
-TEST_F(StatusMenuControllerTest, LongSubmenusAreFilledInChunks) {
-    insertLinks(200);
+TEST_F(StatusMenuControllerTest, LongSubmenusAreFilledInTwoStepsAndNeverShrink) {
+    insertLinks(199);
+    const auto openSubmenu = [this] { emit renderer.submenuOpening(QStringLiteral("more-lazy-")); };
     controller.open(MenuVariant::main);
-    emit renderer.submenuOpening(QStringLiteral("more-lazy-"));
-    ASSERT_EQ(renderer.fills.size(), 1);
-    EXPECT_EQ(lengthOfFill(0), 100);
-    mainQueue.settle();
-    ASSERT_EQ(renderer.fills.size(), 2);
-    EXPECT_EQ(lengthOfFill(1), 150);
-    emit renderer.submenuOpening(QStringLiteral("more-lazy-"));
+    openSubmenu();
     renderer.close();
     mainQueue.advance(1s);
-    EXPECT_EQ(renderer.fills.size(), 3) << "the second chunk was cancelled";
+    EXPECT_EQ(lengthsOfFills(), QList<qsizetype>({100})) << "the second step was cancelled";
+    controller.open(MenuVariant::main);
+    openSubmenu();
+    mainQueue.settle();
+    EXPECT_EQ(lengthsOfFills(), QList<qsizetype>({100, 100, 149}));
+    insert(QStringLiteral("new"));
+    mainQueue.settle();
+    openSubmenu(); // As a renderer does whose submenu is open.
+    mainQueue.settle();
+    EXPECT_EQ(lengthsOfFills(), QList<qsizetype>({100, 100, 149, 150}));
 }
 
 TEST_F(StatusMenuControllerTest, ARebuiltMenuFillsItsSubmenusAnew) {
@@ -137,8 +160,7 @@ TEST_F(StatusMenuControllerTest, ARebuiltMenuFillsItsSubmenusAnew) {
     insertLinks(2);
     mainQueue.settle();
     emit renderer.submenuOpening(QStringLiteral("folder-lazy-links"));
-    EXPECT_EQ(lengthOfFill(0), 1);
-    EXPECT_EQ(lengthOfFill(1), 2);
+    EXPECT_EQ(lengthsOfFills(), QList<qsizetype>({1, 2}));
 }
 
 /// Catches what is logged.

@@ -147,13 +147,13 @@ TEST_F(SubmenusTest, OptionModeKnowsWhatSuitsPicturesAndSnippets) {
         QString source;
         MenuAction action;
         QString representedObject;
-    } snippetRows[]{
+    } snippetCases[]{
         {idText(root), MenuAction::pasteRootSnippetWithMode, idText(root)},
         {smartRootPrefix % idText(root), MenuAction::pasteRootSnippetWithMode, idText(root)},
         {smartGroupPrefix % snippetText(group, inner), MenuAction::pasteGroupSnippetWithMode,
          snippetText(group, inner)},
     };
-    for (const auto& [source, action, representedObject] : snippetRows) {
+    for (const auto& [source, action, representedObject] : snippetCases) {
         const MenuItem plain = advanced(source).at(3);
         EXPECT_EQ(plain.action, action);
         EXPECT_EQ(plain.representedObject, representedObject + QStringLiteral("|plainText"));

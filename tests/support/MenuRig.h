@@ -16,13 +16,14 @@ struct MenuRig : CoreRig {
     FolderSnippets folderSnippets{snippets, detector, smartPluginRegistry};
     StringTable strings = StringTable::forLanguage(QStringLiteral("en"));
     ShownTexts shownTexts;
+    SnippetRows snippetRows;
     SearchTexts searchTexts{preferences};
     TextAnalyses textAnalyses{textServices.dataDetector()};
     FakeKeyboardLayouts layouts;
     KeyboardLayoutVariants layoutVariants{layouts};
-    MenuContent content{history,    smartFolders, snippets,     folderSnippets,
-                        pasteboard, preferences,  strings,      clock,
-                        shownTexts, searchTexts,  textAnalyses, layoutVariants};
+    MenuContent content{history,     smartFolders, snippets,      folderSnippets, pasteboard,
+                        preferences, strings,      clock,         shownTexts,     snippetRows,
+                        searchTexts, textAnalyses, layoutVariants};
 
     QUuid addSnippet(const QString& title, const QString& text, const QUuid& group = {},
                      const std::optional<SnippetShortcut>& keys = {}) {

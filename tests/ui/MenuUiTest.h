@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 
 #include <gtest/gtest.h>
 
@@ -96,6 +97,22 @@ protected:
     }
 
     bool happens(const QStringList& expected) { return comesToBe(m_events, expected); }
+    /// Answers a search no sooner than a key needs it, as when keys come together.
+    void answerSearchesWhenNeeded(const QStringList& titles) {
+        QObject::connect(&m_menu, &MenuRenderer::answerNeeded, &m_menu, [this, titles] {
+            const QString query = m_queries.constLast();
+            m_menu.update(searchable(titles.filter(query), query));
+        });
+    }
+
+    /// Presses that the program gets in one turn of its main loop.
+    static void sendTogether(std::initializer_list<std::pair<Qt::Key, const char*>> presses) {
+        for (const auto& [key, text] : presses) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text));
+            QApplication::sendEvent(QApplication::activePopupWidget(), &press);
+        }
+    }
+
     bool asked(const QStringList& expected) { return comesToBe(m_queries, expected); }
 
     /// What the open menu's search field does at the keys and the button for the clipboard.

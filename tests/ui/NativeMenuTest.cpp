@@ -69,15 +69,18 @@ private:
 
 class NativeMenuTest : public MenuUiTest<NativeMenu, MenuForm::native> {
 protected:
+    static int depthOf(const QObject& object) {
+        return object.parent() ? 1 + depthOf(*object.parent()) : 0;
+    }
+
     /// The open menus, the main one first.
     static QList<QMenu*> shownMenus() {
         QList<QMenu*> shown;
         for (QWidget* widget : QApplication::topLevelWidgets())
             if (auto* menu = qobject_cast<QMenu*>(widget); menu && menu->isVisible())
                 shown.append(menu);
-        std::sort(shown.begin(), shown.end(), [](const QMenu* a, const QMenu* b) {
-            return a->isAncestorOf(b) || !a->parent();
-        });
+        std::sort(shown.begin(), shown.end(),
+                  [](const QMenu* a, const QMenu* b) { return depthOf(*a) < depthOf(*b); });
         return shown;
     }
     static QMenu& shownMenu() { return *shownMenus().constFirst(); }
@@ -286,6 +289,19 @@ TEST_F(NativeMenuTest, aLazySubmenuIsFilledWhenItIsLookedAt) {
         {QStringLiteral("opening ") + id, QStringLiteral("closed"), QStringLiteral("chosen x")}));
 }
 
+TEST_F(NativeMenuTest, everyRowThatLeadsToASubmenuShowsIt) {
+    const QString id = QStringLiteral("clip-lazy-1");
+    QObject::connect(&menu(), &MenuRenderer::submenuOpening, &menu(),
+                     [&] { menu().fillSubmenu(id, clips(2)); });
+    open({submenu(id), submenu(QStringLiteral("pinned"), {submenu(id)})});
+    ASSERT_TRUE(highlight(QStringLiteral("pinned")));
+    for (qsizetype depth : {2, 3}) {
+        pressKeys("Right");
+        ASSERT_TRUE(waitUntil([&] { return shownMenus().size() == depth; }));
+    }
+    EXPECT_EQ(shownRows(*shownMenus().constLast()).constFirst(), QStringLiteral("clip 0"));
+}
+
 TEST_F(NativeMenuTest, closingClosesItsSubmenusToo) {
     open({submenu(QStringLiteral("more"), clips(3))});
     ASSERT_TRUE(highlight(QStringLiteral("more")));
@@ -336,6 +352,17 @@ TEST_F(NativeMenuTest, returnDoesNothingWhenNothingIsFound) {
     ASSERT_TRUE(asked({QStringLiteral("x"), QStringLiteral("xx")}));
     EXPECT_TRUE(menu().isOpen());
     EXPECT_TRUE(events().isEmpty());
+}
+
+TEST_F(NativeMenuTest, keysThatComeWithTypingActOnWhatItFinds) {
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("xy 1"), QStringLiteral("xy 2")};
+    answerSearchesWhenNeeded(titles);
+    open(searchable(titles) << submenu(QStringLiteral("more"), clips(2)));
+    ASSERT_TRUE(highlight(QStringLiteral("more")));
+    sendTogether({{Qt::Key_Right, ""}});
+    ASSERT_TRUE(waitUntil([] { return shownMenus().size() == 2; }));
+    sendTogether({{Qt::Key_X, "x"}, {Qt::Key_Y, "y"}, {Qt::Key_Down, ""}, {Qt::Key_Return, "\r"}});
+    EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen xy 2")}));
 }
 
 TEST_F(NativeMenuTest, composedCharactersReachTheSearchField) {

@@ -25,8 +25,9 @@ protected:
     static QList<PopoverPanel*> panels() {
         QList<PopoverPanel*> shown;
         for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* panel = qobject_cast<PopoverPanel*>(widget); panel && panel->isVisible())
-                panel->parent() ? shown.append(panel) : shown.prepend(panel);
+            if (auto* panel = qobject_cast<PopoverPanel*>(widget); panel && !panel->parent())
+                shown = QList{panel} + panel->findChildren<PopoverPanel*>();
+        shown.removeIf([](const PopoverPanel* panel) { return !panel->isVisible(); });
         return shown;
     }
     static PopoverPanel& root() { return *panels().constFirst(); }
@@ -173,6 +174,16 @@ TEST_F(PopoverMenuTest, typingSearchesWhereverTheHighlightIs) {
     EXPECT_EQ(field.text(), QString());
 }
 
+TEST_F(PopoverMenuTest, keysThatComeWithTypingActOnWhatItFinds) {
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("xy 1"), QStringLiteral("xy 2")};
+    answerSearchesWhenNeeded(titles);
+    open(searchable(titles) << submenu(QStringLiteral("more"), clips(2)));
+    sendTogether({{Qt::Key_End, ""}, {Qt::Key_Right, ""}});
+    ASSERT_TRUE(showsPanels(2));
+    sendTogether({{Qt::Key_X, "x"}, {Qt::Key_Y, "y"}, {Qt::Key_Down, ""}, {Qt::Key_Return, "\r"}});
+    EXPECT_TRUE(happens({QStringLiteral("closed"), QStringLiteral("chosen xy 2")}));
+}
+
 TEST_F(PopoverMenuTest, composedCharactersReachTheSearchField) {
     const auto layout = [](const QStringList& arguments) {
         EXPECT_EQ(uiDesktop().run(QStringLiteral("setxkbmap"), arguments).exitCode, 0);
@@ -265,6 +276,19 @@ TEST_F(PopoverMenuTest, lazySubmenusAreFilledAtOnceOrLaterAndOutliveUpdates) {
     EXPECT_EQ(highlighted(deepest()), QStringLiteral("clip 0"));
     menu().update({clip(QStringLiteral("a"))});
     EXPECT_TRUE(showsPanels(1));
+}
+
+TEST_F(PopoverMenuTest, everyRowThatLeadsToASubmenuShowsIt) {
+    const QString id = QStringLiteral("clip-lazy-1");
+    QObject::connect(&menu(), &MenuRenderer::submenuOpening, &menu(),
+                     [&] { menu().fillSubmenu(id, clips(2)); });
+    open({submenu(id), submenu(QStringLiteral("pinned"), {submenu(id)})});
+    pressKeys("End");
+    for (int depth : {2, 3}) {
+        pressKeys("Right");
+        ASSERT_TRUE(showsPanels(depth));
+    }
+    EXPECT_EQ(highlighted(deepest()), QStringLiteral("clip 0"));
 }
 
 TEST_F(PopoverMenuTest, thePointerOpensSubmenusAndOnlyMovingItMovesTheHighlight) {

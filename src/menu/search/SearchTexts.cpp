@@ -1,50 +1,50 @@
 #include "menu/search/SearchTexts.h"
 
-#include "foundation/Folding.h"
-#include "smart/masking/SecretMasker.h"
-
-#include <cstring>
+#include "foundation/Text.h"
 
 namespace quorvel {
-
-namespace {
-
-bool occurs(const QByteArray& sought, const QByteArray& in) {
-    return sought.isEmpty() ||
-           memmem(in.constData(), size_t(in.size()), sought.constData(), size_t(sought.size()));
-}
-
-/// Nearly always both share their memory.
-bool isSame(const QString& a, const QString& b) {
-    return (a.constData() == b.constData() && a.size() == b.size()) || a == b;
-}
-
-} // namespace
 
 SearchTexts::SearchTexts(const Preferences& preferences)
     : m_preferences(preferences) {}
 
+/// While a query grows, it cannot occur where its beginning does not.
 bool SearchTexts::contains(const QUuid& id, const QString& text,
                            const QByteArray& foldedQuery) const {
-    prepare(id, text);
-    const auto known = m_known.constFind(id);
-    return occurs(foldedQuery, known == m_known.constEnd() ? form(text) : known->folded);
+    Known& known = knownOf(id, text);
+    if (!known.missed.isEmpty() && occurs(known.missed, foldedQuery))
+        return false;
+    const bool isFound =
+        known.isKept ? occurs(foldedQuery, known.folded) : known.searched.contains(foldedQuery);
+    if (!isFound)
+        known.missed = foldedQuery;
+    return isFound;
 }
 
 void SearchTexts::prepare(const QUuid& id, const QString& text) const {
+    knownOf(id, text);
+}
+
+SearchTexts::Known& SearchTexts::knownOf(const QUuid& id, const QString& text) const {
     dropIfMaskingChanged();
-    const auto known = m_known.constFind(id);
-    if (known != m_known.constEnd()) {
-        if (isSame(known->text, text))
-            return;
-        m_bytes -= known->folded.size();
-        m_known.erase(known);
-    }
-    if (m_bytes + text.size() > mostBytes)
-        return;
-    const QByteArray folded = form(text);
-    m_bytes += folded.size();
-    m_known.insert(id, {text, folded});
+    Known& known = m_known[id];
+    if (known.isWorkedOut && isSameText(known.searched.text(), text))
+        return known;
+    m_bytes -= known.folded.size();
+    known = workedOut(text);
+    m_bytes += known.folded.size();
+    return known;
+}
+
+SearchTexts::Known SearchTexts::workedOut(const QString& text) const {
+    const qsizetype units = std::min(text.size(), mostUnits);
+    const auto secrets =
+        m_isMasked ? secretsIn(QStringView(text).first(units)) : QList<SecretRange>();
+    Known known{.searched = {text, units, secrets},
+                .isKept = m_bytes + units <= mostBytes,
+                .isWorkedOut = true};
+    if (known.isKept)
+        known.folded = known.searched.form();
+    return known;
 }
 
 void SearchTexts::retain(const QSet<QUuid>& ids) const {
@@ -57,12 +57,9 @@ void SearchTexts::retain(const QSet<QUuid>& ids) const {
 }
 
 QByteArray SearchTexts::foldedForm(const QString& text) {
-    return folded(text).toUtf8();
-}
-
-QByteArray SearchTexts::form(const QString& text) const {
-    const QString searched = text.size() > mostUnits ? text.left(mostUnits) : text;
-    return foldedForm(m_isMasked ? maskedSecrets(searched) : searched);
+    QByteArray form;
+    appendFoldedForm(text, form);
+    return form;
 }
 
 void SearchTexts::dropIfMaskingChanged() const {

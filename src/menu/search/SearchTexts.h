@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/preferences/Preferences.h"
+#include "menu/search/SearchedText.h"
 
-#include <QByteArray>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -31,16 +31,20 @@ public:
     /// Of a longer text only the beginning is searched.
     static constexpr qsizetype mostUnits = 1024 * 1024;
 
-    /// Bytes of what is kept; beyond, texts are worked out again when they are searched.
+    /// Bytes of what is kept; beyond, a text is folded again when it is searched, as far as needed.
     static constexpr qsizetype mostBytes = 32 * 1024 * 1024;
 
 private:
     struct Known {
-        QString text; ///< Shares the clip's memory.
-        QByteArray folded;
+        SearchedText searched;
+        QByteArray folded; ///< The whole form of what is kept.
+        QByteArray missed; ///< The last query that does not occur.
+        bool isKept = false;
+        bool isWorkedOut = false;
     };
 
-    QByteArray form(const QString& text) const;
+    Known& knownOf(const QUuid& id, const QString& text) const;
+    Known workedOut(const QString& text) const;
     void dropIfMaskingChanged() const;
 
     const Preferences& m_preferences;

@@ -11,11 +11,8 @@ namespace quorvel {
 namespace {
 
 QList<MenuItem> rootItems(const MenuBuild& build) {
-    QList<MenuItem> items;
-    for (const Snippet& snippet : build.content().snippets.rootSnippets()) {
-        items.append(snippetItem(snippet, QUuid(), build));
-        addShortcut(items.last(), snippet);
-    }
+    const MenuContent& content = build.content();
+    QList<MenuItem> items = content.snippetRows.of(QUuid(), content.snippets.rootSnippets(), build);
     if (items.isEmpty())
         items.append(MenuItem::disabled(build.text("menu.noSavedItems")));
     return items;

@@ -34,13 +34,12 @@ QString maskedSecrets(const QString& text) {
     const QList<SecretRange> ranges = secretsIn(text);
     if (ranges.isEmpty())
         return text;
-    constexpr QStringView mask = u"••••••";
     QString masked;
     masked.reserve(text.size());
     qsizetype shown = 0;
     for (const SecretRange& range : ranges) {
         masked += QStringView(text).mid(shown, range.start - shown);
-        masked += mask;
+        masked += secretMask;
         shown = range.end();
     }
     masked += QStringView(text).mid(shown);

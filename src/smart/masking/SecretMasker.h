@@ -16,6 +16,9 @@ struct SecretRange {
 /// The secrets in a text, by start; no two overlap. Takes time in proportion to the text.
 QList<SecretRange> secretsIn(QStringView text);
 
+/// What stands for each secret.
+inline constexpr QStringView secretMask = u"••••••";
+
 /// The text as it may be shown in titles, tooltips and searches; equal to the text when it holds no
 /// secret.
 QString maskedSecrets(const QString& text);

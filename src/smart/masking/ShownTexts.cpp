@@ -6,8 +6,8 @@ namespace quorvel {
 
 namespace {
 
-/// Far more than a history holds; beyond, everything is worked out anew.
-constexpr qsizetype mostRemembered = 4096;
+/// Far more than a history and a library of snippets hold; beyond, everything is worked out anew.
+constexpr qsizetype mostRemembered = 32'768;
 
 bool isLong(const QString& text) {
     return text.size() > ShownTexts::headUnits + ShownTexts::tailUnits;

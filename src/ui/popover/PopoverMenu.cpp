@@ -83,6 +83,10 @@ void PopoverMenu::release() {
     m_stack.release();
 }
 
+bool PopoverMenu::awaitsAnswer() const {
+    return m_stack.awaitsAnswer();
+}
+
 std::optional<MenuItem> PopoverMenu::find(const MenuKeyboard::Matches& matches) {
     return findItem(m_stack.list(0).rows().items(), matches);
 }

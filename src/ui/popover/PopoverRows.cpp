@@ -92,7 +92,7 @@ int PopoverRows::heightOf(int row, const PopoverMetrics& metrics, int width) con
 }
 
 bool PopoverRows::fillSubmenu(const QString& identifier, const QList<MenuItem>& content) {
-    return fillSubmenuItem(m_items, identifier, content);
+    return fillSubmenuItems(m_items, identifier, content);
 }
 
 int PopoverRows::rowAt(int y) const {

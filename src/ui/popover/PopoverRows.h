@@ -18,7 +18,7 @@ public:
     /// Gives each row its place; `width` is that of a text in a row.
     void layOut(const PopoverMetrics& metrics, int width);
 
-    /// Gives the submenu of this identifier its items, at any depth.
+    /// Gives every submenu of this identifier its items, at any depth.
     bool fillSubmenu(const QString& identifier, const QList<MenuItem>& content);
 
     const QList<MenuItem>& items() const { return m_items; }

@@ -101,6 +101,11 @@ void PopoverStack::setItems(const QList<MenuItem>& items) {
     emit changed();
 }
 
+bool PopoverStack::awaitsAnswer() const {
+    const SearchField* field = isShown() ? m_panels.front()->searchField() : nullptr;
+    return field && field->text() != m_answeredQuery;
+}
+
 bool PopoverStack::takesNewQuery(const QList<MenuItem>& items) {
     const SearchField* field = panel(0).searchField();
     const QString answered = field ? field->text() : QString();

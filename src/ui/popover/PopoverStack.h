@@ -43,6 +43,9 @@ public:
     /// The screen has become larger or smaller. Only while shown.
     void fitToScreen() { placeRoot(); }
 
+    /// Whether the items are no answer yet to what is in the search field.
+    bool awaitsAnswer() const;
+
     bool isShown() const { return m_depth > 0; }
     int depth() const { return m_depth; }
     int level() const { return m_level; }

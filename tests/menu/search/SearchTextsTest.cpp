@@ -1,5 +1,6 @@
 #include "CoreRig.h"
 
+#include "foundation/Folding.h"
 #include "menu/search/SearchTexts.h"
 
 #include <gtest/gtest.h>
@@ -56,8 +57,34 @@ TEST_F(SearchTextsTest, WhatIsBeyondTheBudgetIsStillFound) {
     EXPECT_TRUE(finds(QStringLiteral("late"), QStringLiteral("latecomer"), id));
     EXPECT_FALSE(finds(QStringLiteral("end"), megabyte + QStringLiteral("end"), id))
         << "only the beginning of a long text is searched";
+    EXPECT_FALSE(finds(QStringLiteral("later"), QStringLiteral("latecomer"), id));
+    EXPECT_FALSE(finds(QStringLiteral("later on"), QStringLiteral("latecomer"), id));
+    EXPECT_TRUE(finds(QStringLiteral("late"), QStringLiteral("latecomer"), id));
+    const QString secret = QStringLiteral("password: hunter2secret");
+    EXPECT_FALSE(finds(QStringLiteral("hunter2"), secret, QUuid::createUuid()));
     texts.retain({id});
     EXPECT_TRUE(finds(QStringLiteral("late"), QStringLiteral("latecomer"), id));
+}
+
+TEST(SearchedText, ItsPiecesAreWhatTheWholeTextIs) {
+    const QString filler = QStringLiteral("Ab ").repeated(16 * 1024 / 3 - 1); // One piece, nearly.
+    const QString odd = QStringLiteral("ÀẞЙ東京👍🏽\r\n\t");
+    const QString broken = QString(QChar(0xD83D)) + QStringLiteral("x") + QChar(0xDC4D);
+    QStringList whole{QString(), odd, broken, filler + broken};
+    for (int shift = 0; shift < 8; ++shift)
+        whole.append(filler + QString(shift, u'.') + odd + filler + odd);
+    for (const QString& text : std::as_const(whole)) {
+        const qsizetype middle = text.size() / 2;
+        const SearchedText plain(text, text.size(), {});
+        EXPECT_EQ(plain.form(), folded(text).toUtf8());
+        EXPECT_EQ(plain.contains(SearchTexts::foldedForm(odd)), text.contains(odd));
+        const SearchedText masked(text, text.size(),
+                                  {{.start = middle, .length = text.size() / 4}});
+        EXPECT_EQ(masked.form(), folded(text.left(middle) + secretMask.toString() +
+                                        text.mid(middle + text.size() / 4))
+                                     .toUtf8());
+        EXPECT_EQ(SearchedText(text, middle, {}).form(), folded(text.left(middle)).toUtf8());
+    }
 }
 
 } // namespace quorvel::testing
