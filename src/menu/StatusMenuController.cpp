@@ -45,7 +45,7 @@ void StatusMenuController::open(MenuVariant variant) {
         close();
     m_state.variant = variant;
     menuWillOpen();
-    const QList<MenuItem> tree = statusMenu(m_content, m_state);
+    const QList<MenuItem> tree = build();
     m_renderer.open(tree, form());
     m_filler.scheduleWarmUp(tree);
     m_modifierFlagsTimer = m_mainQueue.every(
@@ -108,10 +108,15 @@ void StatusMenuController::rebuildNow() {
     m_filler.forget();
     if (m_state.hint.isEmpty()) // They may have been switched on meanwhile.
         m_state.hint = m_hints.draw();
-    const QList<MenuItem> tree = statusMenu(m_content, m_state);
+    const QList<MenuItem> tree = build();
     m_renderer.update(tree);
     if (m_state.searchQuery.isEmpty()) // What is found changes with the next letter.
         m_filler.scheduleWarmUp(tree);
+}
+
+QList<MenuItem> StatusMenuController::build() {
+    m_promisesEditing = m_state.isControlHeld;
+    return statusMenu(m_content, m_state);
 }
 
 void StatusMenuController::search(const QString& query) {
@@ -121,15 +126,16 @@ void StatusMenuController::search(const QString& query) {
     rebuild();
 }
 
-/// Control changes what the titles promise only when the menu is built.
+/// Control changes what the titles promise only when the menu is built, and they promise it no
+/// longer than it is held: it may have been for a key such as the one that pastes a query.
 void StatusMenuController::followModifiers(Modifiers held) {
     const bool isOptionHeld = held.testFlag(Modifier::option);
     m_state.isControlHeld = held.testFlag(Modifier::control);
-    if (std::exchange(m_state.isOptionMode, isOptionHeld) == isOptionHeld)
-        return;
-    if (isOptionHeld)
+    const bool isSwitched = std::exchange(m_state.isOptionMode, isOptionHeld) != isOptionHeld;
+    if (isSwitched && isOptionHeld)
         m_hints.countOptionModeUse();
-    rebuild();
+    if (isSwitched || (m_promisesEditing && !m_state.isControlHeld))
+        rebuild();
 }
 
 void StatusMenuController::setSaveProblem(const QString& problem) {

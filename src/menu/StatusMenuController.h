@@ -61,6 +61,7 @@ signals:
 
 private:
     MenuForm form() const;
+    QList<MenuItem> build();
     void menuWillOpen();
     void menuDidClose();
     void rebuildNow();
@@ -78,6 +79,7 @@ private:
     SubmenuFiller m_filler;
     MenuState m_state;
     bool m_rootMenuIsOpen = false;
+    bool m_promisesEditing = false; ///< What is shown was built while Control was held.
     WorkItem m_pendingRebuild;
     WorkItem m_modifierFlagsTimer;
 };

@@ -134,6 +134,18 @@ TEST_F(StatusMenuControllerTest, OptionModeFollowsTheKeyAndCountsItsUses) {
     EXPECT_EQ(uses(), 1) << "nobody looks at the keys while the menu is closed";
 }
 
+TEST_F(StatusMenuControllerTest, TitlesPromiseEditingNoLongerThanControlIsHeld) {
+    insert(QStringLiteral("clip"));
+    controller.open(MenuVariant::main);
+    renderer.hold(Modifier::control);
+    emit renderer.searchChanged(QStringLiteral("clip")); // Pasted with Control.
+    mainQueue.settle();
+    EXPECT_TRUE(shows("1: Edit and Paste: clip|"));
+    renderer.hold({});
+    mainQueue.settle();
+    EXPECT_TRUE(shows("1: clip|"));
+}
+
 TEST_F(StatusMenuControllerTest, LongSubmenusAreFilledInTwoStepsAndNeverShrink) {
     insertLinks(199);
     const auto openSubmenu = [this] { emit renderer.submenuOpening(QStringLiteral("more-lazy-")); };
