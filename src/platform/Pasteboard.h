@@ -27,6 +27,13 @@ struct ClipboardSnapshotItem {
 inline const QString pasteboardTypeString = QStringLiteral("text/plain;charset=utf-8");
 inline const QString pasteboardTypePng = QStringLiteral("image/png");
 
+/// What a pasteboard holds, or has held.
+struct PasteboardContent {
+    QList<ClipboardSnapshotItem> items;
+    QString text;        ///< Empty when there is none.
+    QByteArray imagePng; ///< The same.
+};
+
 /// What has happened on the clipboard since the start, for the status report.
 struct PasteboardActivity {
     qint64 taken = 0;
@@ -65,6 +72,10 @@ signals:
     /// told from the main loop later, never from inside `write`, so that the caller can note the
     /// count first.
     void changed();
+
+    /// Another program's copy that our own write has replaced while it was still arriving: it was
+    /// never the content of this pasteboard, but nothing that was copied is to be lost.
+    void arrivedLate(const quorvel::PasteboardContent& content);
 
     /// The program to which paste keys were sent has fetched the content that was meant for it.
     /// Not told where that cannot be seen.

@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 using Kind = SelectionAnswer::Kind;
 
 const QString utf8String = QStringLiteral("UTF8_STRING");
+const QString htmlType = QStringLiteral("text/html");
 
 QByteArray repeated(const QByteArray& pattern, qsizetype size) {
     return pattern.repeated(size / pattern.size() + 1).left(size);
@@ -376,6 +377,25 @@ TEST_F(X11PasteboardConformance, aLateRequestGetsWhatWasThereAtItsTime) {
               "pasted");
     const QStringList now{QStringLiteral("--time"), QStringLiteral("0")};
     EXPECT_EQ(outside.request({utf8String}, now).first().bytes, "put back");
+}
+
+/// Whatever of it had come by then may be worth keeping; on the clipboard is what we wrote.
+TEST_F(X11PasteboardConformance, whatArrivesAfterOurOwnWriteIsOlderThanIt) {
+    const qint64 before = pasteboard.changeCount();
+    QStringList late;
+    QObject::connect(&pasteboard, &Pasteboard::arrivedLate, &pasteboard,
+                     [&](const PasteboardContent& content) { late.append(content.text); });
+    ChildProgram& owner =
+        outside.startOwner({QStringLiteral("--withhold"), htmlType, QStringLiteral("--text"),
+                            QStringLiteral("theirs"), QStringLiteral("text/html=<b>theirs</b>")});
+    ASSERT_TRUE(waitUntil([&] { return owner.output().contains("request text/html"); }));
+    write(QStringLiteral("ours"));
+    ASSERT_TRUE(outsideGets(utf8String, "ours"));
+    EXPECT_TRUE(waitUntil([&] { return late == QStringList(QStringLiteral("theirs")); }));
+    EXPECT_EQ(pasteboard.string(), QStringLiteral("ours"));
+    EXPECT_EQ(pasteboard.changeCount(), before + 1);
+    outside.copy({{{utf8String, "theirs again"}}});
+    EXPECT_TRUE(textBecomes(QStringLiteral("theirs again")));
 }
 
 TEST_F(X11PasteboardConformance, requestsAreServedWhileTheMainThreadIsBusy) {

@@ -19,6 +19,17 @@ public:
     }
     qint64 copyFromOutside(const QString& text) { return copyFromOutside({textItem(text)}); }
 
+    /// Another program has the clipboard now, but what it copied is still on its way.
+    void beginCopyFromOutside() { m_arriving = Arriving::asNewest; }
+
+    /// It has arrived.
+    void finishCopyFromOutside(const QString& text) {
+        if (std::exchange(m_arriving, Arriving::nothing) == Arriving::asNewest)
+            copyFromOutside(text);
+        else
+            emit arrivedLate({{textItem(text)}, text, {}});
+    }
+
     /// Another program copies something that must not be read: the pasteboard is empty for us.
     qint64 copySecretFromOutside(const QString& reason) {
         ++m_activity.skipped[reason];
@@ -57,6 +68,8 @@ public:
 
     /// `changed` comes with the next turn of the event loop.
     qint64 write(const QList<ClipboardSnapshotItem>& items) override {
+        if (m_arriving == Arriving::asNewest)
+            m_arriving = Arriving::late;
         ++m_writeCount;
         m_items = items;
         ++m_changeCount;
@@ -73,6 +86,8 @@ public:
     PasteboardActivity& activityForTest() { return m_activity; }
 
 private:
+    enum class Arriving { nothing, asNewest, late };
+
     const QByteArray* payload(const QString& type) const {
         for (const ClipboardSnapshotItem& item : m_items)
             for (const PasteboardRepresentation& representation : item.payloadByType)
@@ -85,6 +100,7 @@ private:
     PasteboardActivity m_activity;
     qint64 m_changeCount = 0;
     int m_writeCount = 0;
+    Arriving m_arriving = Arriving::nothing;
     bool m_announces = true;
 };
 

@@ -15,6 +15,7 @@ struct ClipboardHandover {
     ClipboardSnapshotItem item; ///< Without representations: the clipboard was emptied.
     QString text;
     QByteArray imagePng;
+    qint64 afterWrite = 0;        ///< Number of our last write that it came after.
     bool wasThereAtStart = false; ///< Content from before our start: no change of the clipboard.
     bool ready = true;            ///< False while its picture is still being converted.
 };
@@ -24,6 +25,7 @@ struct ClipboardCommand {
     enum class Kind { own, clear, offerAsPrimary, expectReader, readPrimary, stop } kind;
     ClipboardSnapshotItem content;
     quint32 window = 0; ///< Of the program that is to be told to paste, or whose selection is read.
+    qint64 write = 0;   ///< Number of our own write, counted from 1.
 };
 
 /// The one place that both threads touch. Contents are handed over in the order in which they
@@ -36,10 +38,6 @@ public:
     // Main thread
     void post(ClipboardCommand command);
     std::shared_ptr<ClipboardHandover> takeHandover(); ///< Null when none is ready.
-
-    /// Takes what is ready, and in the same moment posts a command, so that no content that was
-    /// copied before can come after it.
-    std::deque<std::shared_ptr<ClipboardHandover>> takeHandoversAndPost(ClipboardCommand command);
     PasteboardActivity activity() const;
     bool isConnectionLost() const;
     QStringList takePrimaryTexts(); ///< An answer for each reading, in order; empty for none.
@@ -52,8 +50,7 @@ public:
     std::deque<ClipboardCommand> takeCommands();
     void confirmCommand(); ///< One more of them has been carried out.
 
-    /// False, and nothing handed over, when a write of our own is waiting already: it is newer.
-    bool handOver(std::shared_ptr<ClipboardHandover> handover);
+    void handOver(std::shared_ptr<ClipboardHandover> handover);
     void countSkipped(const QString& reason);
     void countFailed(const QString& reason);
     void countFetch();
@@ -64,8 +61,6 @@ public:
     void markReady(const std::shared_ptr<ClipboardHandover>& handover, QByteArray imagePng);
 
 private:
-    std::deque<std::shared_ptr<ClipboardHandover>> takeReady();
-
     const std::function<void()> m_wakeMain;
     const std::function<void()> m_wakeThread;
     mutable std::mutex m_mutex;

@@ -224,7 +224,7 @@ void ClipboardThread::handleOwnerChange(const xcb_generic_event_t& generic) {
         return keepAlive(event.timestamp);
     // Emptied on purpose, as programs for secrets do: it must stay empty.
     m_lastForeign.reset();
-    handOver({}, false);
+    handOver({.afterWrite = m_lastWrite});
 }
 
 /// The owner of what was copied has exited: without us its content would be gone.
@@ -232,11 +232,12 @@ void ClipboardThread::keepAlive(xcb_timestamp_t time) {
     if (m_lastForeign && isUsable(*m_lastForeign))
         m_server->own(*m_lastForeign, time);
     else
-        handOver({}, false);
+        handOver({.afterWrite = m_lastWrite});
 }
 
 void ClipboardThread::startTransfer(xcb_timestamp_t time, bool wasThereAtStart) {
     m_transferFromStart = wasThereAtStart;
+    m_transferAfterWrite = m_lastWrite;
     m_transfer = std::make_unique<SelectionTransfer>(m_connection.get(), *m_atoms, m_root,
                                                      m_clipboard, time, m_limits);
 }
@@ -251,32 +252,29 @@ void ClipboardThread::abandonTransfer(const QString& reason) {
 void ClipboardThread::completeTransfer() {
     TransferResult result = m_transfer->takeResult();
     m_transfer.reset();
+    ClipboardHandover content{.afterWrite = m_transferAfterWrite,
+                              .wasThereAtStart = m_transferFromStart};
     if (result.secret) {
         m_exchange.countSkipped(secretReason);
-        return handOver({}, m_transferFromStart);
+        return handOver(std::move(content));
     }
     if (!result.problem.isEmpty())
         m_exchange.countFailed(result.problem);
     m_lastForeign = result.item;
-    if (isUsable(result.item))
-        handOver(std::move(result.item), m_transferFromStart);
+    content.item = std::move(result.item);
+    if (isUsable(content.item))
+        handOver(std::move(content));
     if (result.droppedBytes > largeContent)
         malloc_trim(0);
 }
 
-void ClipboardThread::handOver(ClipboardSnapshotItem item, bool wasThereAtStart) {
-    auto handover = std::make_shared<ClipboardHandover>();
-    handover->text = plainText(item);
-    handover->imagePng = ownPng(item);
-    handover->wasThereAtStart = wasThereAtStart;
-    const auto image = handover->imagePng.isEmpty() ? convertibleImage(item) : std::nullopt;
-    handover->item = std::move(item);
-    handover->ready = !image;
-    if (!m_exchange.handOver(handover)) {
-        if (!wasThereAtStart)
-            m_exchange.countSkipped(overtakenReason);
-        return;
-    }
+void ClipboardThread::handOver(ClipboardHandover content) {
+    content.text = plainText(content.item);
+    content.imagePng = ownPng(content.item);
+    const auto image = content.imagePng.isEmpty() ? convertibleImage(content.item) : std::nullopt;
+    content.ready = !image;
+    const auto handover = std::make_shared<ClipboardHandover>(std::move(content));
+    m_exchange.handOver(handover);
     if (image)
         m_imageConversion.post([this, handover, image = *image] {
             m_exchange.markReady(handover, convertedToPng(image));
@@ -355,6 +353,7 @@ void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t 
         return readPrimary(command.window);
     abandonTransfer(overtakenReason);
     m_lastForeign.reset();
+    m_lastWrite = command.write;
     if (command.kind == Kind::own)
         m_server->own(command.content, time);
     else

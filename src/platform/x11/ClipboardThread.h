@@ -49,7 +49,7 @@ private:
     void startTransfer(xcb_timestamp_t time, bool wasThereAtStart);
     void abandonTransfer(const QString& reason);
     void completeTransfer();
-    void handOver(ClipboardSnapshotItem item, bool wasThereAtStart);
+    void handOver(ClipboardHandover content);
     void keepAlive(xcb_timestamp_t time);
     void waitForSomething();
     void expireWhatIsDue();
@@ -70,6 +70,8 @@ private:
     std::unique_ptr<SelectionTransfer> m_transfer;
     std::unique_ptr<SelectionTransfer> m_primaryTransfer;
     bool m_transferFromStart = false;
+    qint64 m_transferAfterWrite = 0;
+    qint64 m_lastWrite = 0; ///< Number of the last write of our own that was carried out.
     std::optional<ClipboardSnapshotItem> m_lastForeign; ///< Offered again when its owner exits.
     std::deque<ClipboardCommand> m_awaitingTime;
     xcb_timestamp_t m_ownClearTime = XCB_CURRENT_TIME;

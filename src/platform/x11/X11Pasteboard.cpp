@@ -80,8 +80,8 @@ qint64 X11Pasteboard::write(const QList<ClipboardSnapshotItem>& items) {
         }
     using Kind = ClipboardCommand::Kind;
     const Kind kind = merged.payloadByType.isEmpty() ? Kind::clear : Kind::own;
-    for (const auto& earlier : m_exchange->takeHandoversAndPost({kind, merged}))
-        take(*earlier);
+    takeContents();
+    m_exchange->post({.kind = kind, .content = merged, .write = ++m_writes});
     m_item = merged;
     m_text = plainText(m_item);
     m_imagePng = ownPng(m_item);
@@ -113,8 +113,7 @@ bool X11Pasteboard::isSettled() const {
 }
 
 void X11Pasteboard::receive() {
-    while (const auto handover = m_exchange->takeHandover())
-        take(*handover);
+    takeContents();
     for (int fetches = m_exchange->takeFetches(); fetches > 0; --fetches)
         emit fetched();
     for (const QString& text : m_exchange->takePrimaryTexts()) {
@@ -128,7 +127,18 @@ void X11Pasteboard::receive() {
     }
 }
 
+void X11Pasteboard::takeContents() {
+    while (const auto handover = m_exchange->takeHandover())
+        take(*handover);
+}
+
+/// What was copied before our newest write is no longer what the clipboard holds.
 void X11Pasteboard::take(const ClipboardHandover& handover) {
+    if (handover.afterWrite < m_writes) {
+        if (!handover.wasThereAtStart && !handover.item.payloadByType.isEmpty())
+            emit arrivedLate({{handover.item}, handover.text, handover.imagePng});
+        return;
+    }
     m_item = handover.item;
     m_text = handover.text;
     m_imagePng = handover.imagePng;

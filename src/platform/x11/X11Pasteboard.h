@@ -54,6 +54,7 @@ signals:
 
 private:
     void receive();
+    void takeContents();
     void take(const struct ClipboardHandover& handover);
     void wakeThread() const;
 
@@ -62,6 +63,7 @@ private:
     int m_wakeFd;
     bool m_connected = false;
     qint64 m_changeCount = 0;
+    qint64 m_writes = 0;
     ClipboardSnapshotItem m_item;
     QString m_text;
     QByteArray m_imagePng;
