@@ -30,6 +30,11 @@ PasteboardActivity ClipboardExchange::activity() const {
     return m_activity;
 }
 
+bool ClipboardExchange::isArriving() const {
+    const std::lock_guard lock(m_mutex);
+    return m_isTransferring || !m_handovers.empty();
+}
+
 bool ClipboardExchange::isConnectionLost() const {
     const std::lock_guard lock(m_mutex);
     return m_connectionLost;
@@ -66,6 +71,11 @@ void ClipboardExchange::confirmCommand() {
 std::deque<ClipboardCommand> ClipboardExchange::takeCommands() {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_commands, {});
+}
+
+void ClipboardExchange::setTransferring(bool isTransferring) {
+    const std::lock_guard lock(m_mutex);
+    m_isTransferring = isTransferring;
 }
 
 void ClipboardExchange::handOver(std::shared_ptr<ClipboardHandover> handover) {

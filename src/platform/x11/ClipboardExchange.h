@@ -42,6 +42,7 @@ public:
     bool isConnectionLost() const;
     QStringList takePrimaryTexts(); ///< An answer for each reading, in order; empty for none.
     int takeFetches(); ///< How many expected readers have got their content since the last call.
+    bool isArriving() const; ///< Something was copied and has not been taken here yet.
 
     /// Whether the display server has carried out every command that was posted.
     bool isSettled() const;
@@ -53,6 +54,7 @@ public:
     void handOver(std::shared_ptr<ClipboardHandover> handover);
     void countSkipped(const QString& reason);
     void countFailed(const QString& reason);
+    void setTransferring(bool isTransferring);
     void countFetch();
     void handOverPrimary(const QString& text);
     void connectionLost();
@@ -70,6 +72,7 @@ private:
     PasteboardActivity m_activity;
     QStringList m_primaryTexts;
     int m_fetches = 0;
+    bool m_isTransferring = false;
     bool m_connectionLost = false;
 };
 

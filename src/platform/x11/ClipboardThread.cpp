@@ -100,6 +100,7 @@ void ClipboardThread::run() {
         handleEvents(); // replies may have brought events along
         if (xcb_connection_has_error(m_connection.get()))
             return m_exchange.connectionLost();
+        m_exchange.setTransferring(m_transfer && !m_transferFromStart);
         if (!m_stopping)
             waitForSomething();
     }

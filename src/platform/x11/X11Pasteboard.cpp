@@ -127,6 +127,10 @@ void X11Pasteboard::receive() {
     }
 }
 
+bool X11Pasteboard::isArriving() const {
+    return m_exchange->isArriving();
+}
+
 void X11Pasteboard::takeContents() {
     while (const auto handover = m_exchange->takeHandover())
         take(*handover);

@@ -33,6 +33,10 @@ public:
     PasteboardActivity activity() const override;
 
     /// Offers the present content as the primary selection too, for programs whose paste keys
+    /// Whether another program has copied something that is not here yet. `changed` follows, even
+    /// when it cannot be read.
+    bool isArriving() const;
+
     /// take that one.
     void offerAsPrimary();
 
