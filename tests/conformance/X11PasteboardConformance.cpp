@@ -400,6 +400,24 @@ TEST_F(X11PasteboardConformance, whatArrivesAfterOurOwnWriteIsOlderThanIt) {
 
 TEST_F(X11PasteboardConformance, requestsAreServedWhileTheMainThreadIsBusy) {
     write(QStringLiteral("served by a thread of its own"));
+TEST_F(X11PasteboardConformance, withNothingToOfferThePrimarySelectionStaysAsItIs) {
+    outside.startOwner({QStringLiteral("--selection"), QStringLiteral("PRIMARY"),
+                        QStringLiteral("--text"), QStringLiteral("selected")});
+    auto& ours = static_cast<X11Pasteboard&>(pasteboard);
+    const auto primary = [this] {
+        return outside
+            .request({utf8String}, {QStringLiteral("--selection"), QStringLiteral("PRIMARY")})
+            .first()
+            .bytes;
+    };
+    ours.offerAsPrimary();
+    EXPECT_TRUE(waitUntil([&] { return ours.isSettled(); }));
+    EXPECT_EQ(primary(), "selected");
+    write(QStringLiteral("ours"));
+    ours.offerAsPrimary();
+    EXPECT_TRUE(waitUntil([&] { return primary() == "ours"; }));
+}
+
     // `run` does not turn this program's event loop: whoever answers, it is not the main thread.
     ProgramResult read;
     for (int attempt = 0; attempt < 200 && read.output.isEmpty(); ++attempt)

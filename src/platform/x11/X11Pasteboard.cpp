@@ -96,7 +96,9 @@ PasteboardActivity X11Pasteboard::activity() const {
 }
 
 void X11Pasteboard::offerAsPrimary() {
-    m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
+    if (m_item.payloadByType.isEmpty())
+        return;
+    m_exchange->post({.kind = ClipboardCommand::Kind::offerAsPrimary, .content = m_item});
 }
 
 void X11Pasteboard::expectReader(quint32 window) {

@@ -37,7 +37,8 @@ public:
     /// when it cannot be read.
     bool isArriving() const;
 
-    /// take that one.
+    /// Offers the present content as the primary selection too, for programs whose paste keys
+    /// take that one. With nothing here that selection stays what it is.
     void offerAsPrimary();
 
     /// The program of this window is about to be told to paste: it gets what is here now, however
