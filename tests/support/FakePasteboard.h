@@ -36,8 +36,11 @@ public:
         return copyFromOutside(QList<ClipboardSnapshotItem>());
     }
 
-    /// Another program copies something that does not arrive: what was there before stays.
-    void failFromOutside(const QString& reason) { ++m_activity.failed[reason]; }
+    /// Another program copies something that does not arrive: the pasteboard is empty for us.
+    void failFromOutside(const QString& reason) {
+        ++m_activity.failed[reason];
+        copyFromOutside(QList<ClipboardSnapshotItem>());
+    }
 
     /// The program that was sent the paste keys takes the content.
     void fetchFromOutside() { emit fetched(); }

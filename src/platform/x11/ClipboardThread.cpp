@@ -142,7 +142,7 @@ void ClipboardThread::expireWhatIsDue() {
     if (!m_transfer || Clock::now() < m_transfer->deadline())
         return;
     m_transfer->expire();
-    completeTransfer();
+    completeTransfer(IfUnreadable::isEmpty);
 }
 
 void ClipboardThread::handleEvents() {
@@ -177,7 +177,7 @@ void ClipboardThread::handleEvent(const xcb_generic_event_t& event) {
         break;
     }
     if (m_transfer && m_transfer->isFinished())
-        completeTransfer();
+        completeTransfer(IfUnreadable::isEmpty);
     if (m_primaryTransfer && m_primaryTransfer->isFinished())
         completePrimaryTransfer();
 }
@@ -247,10 +247,11 @@ void ClipboardThread::abandonTransfer(const QString& reason) {
     if (!m_transfer)
         return;
     m_transfer->cutShort(reason);
-    completeTransfer();
+    completeTransfer(IfUnreadable::passOver);
 }
 
-void ClipboardThread::completeTransfer() {
+/// What cannot be read is on the clipboard all the same, and what was there before is not.
+void ClipboardThread::completeTransfer(IfUnreadable ifUnreadable) {
     TransferResult result = m_transfer->takeResult();
     m_transfer.reset();
     ClipboardHandover content{.afterWrite = m_transferAfterWrite,
@@ -263,7 +264,7 @@ void ClipboardThread::completeTransfer() {
         m_exchange.countFailed(result.problem);
     m_lastForeign = result.item;
     content.item = std::move(result.item);
-    if (isUsable(content.item))
+    if (isUsable(content.item) || ifUnreadable == IfUnreadable::isEmpty)
         handOver(std::move(content));
     if (result.droppedBytes > largeContent)
         malloc_trim(0);

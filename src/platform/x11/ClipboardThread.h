@@ -30,6 +30,10 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// What stands for a content of which nothing came: an empty one, or nothing when there is
+    /// a newer one already.
+    enum class IfUnreadable { isEmpty, passOver };
+
     bool setUp();
     void createWindow();
     void fetchContentFromBeforeStart();
@@ -48,7 +52,7 @@ private:
     void confirmCommand();
     void startTransfer(xcb_timestamp_t time, bool wasThereAtStart);
     void abandonTransfer(const QString& reason);
-    void completeTransfer();
+    void completeTransfer(IfUnreadable ifUnreadable);
     void handOver(ClipboardHandover content);
     void keepAlive(xcb_timestamp_t time);
     void waitForSomething();
