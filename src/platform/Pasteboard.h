@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace quorvel {
 
 /// One form of a copied thing: a type name as the platform spells it, and its bytes.
@@ -61,6 +63,11 @@ public:
 
     /// Replaces the content (an empty list clears it) and returns the new change count.
     virtual qint64 write(const QList<ClipboardSnapshotItem>& items) = 0;
+
+    /// Puts this in the place of our own last write and returns the new change count. Absent, and
+    /// nothing done, when another program has copied since. A copy of another program that is still
+    /// arriving stays on the clipboard as well; it then follows as a change of its own.
+    virtual std::optional<qint64> replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) = 0;
 
     /// Whether `changed` tells of every change; if not, the count has to be polled.
     virtual bool announcesChanges() const = 0;

@@ -400,8 +400,6 @@ TEST_F(X11PasteboardConformance, whatArrivesAfterOurOwnWriteIsOlderThanIt) {
     EXPECT_TRUE(textBecomes(QStringLiteral("theirs again")));
 }
 
-TEST_F(X11PasteboardConformance, requestsAreServedWhileTheMainThreadIsBusy) {
-    write(QStringLiteral("served by a thread of its own"));
 TEST_F(X11PasteboardConformance, withNothingToOfferThePrimarySelectionStaysAsItIs) {
     outside.startOwner({QStringLiteral("--selection"), QStringLiteral("PRIMARY"),
                         QStringLiteral("--text"), QStringLiteral("selected")});
@@ -420,6 +418,8 @@ TEST_F(X11PasteboardConformance, withNothingToOfferThePrimarySelectionStaysAsItI
     EXPECT_TRUE(waitUntil([&] { return primary() == "ours"; }));
 }
 
+TEST_F(X11PasteboardConformance, requestsAreServedWhileTheMainThreadIsBusy) {
+    write(QStringLiteral("served by a thread of its own"));
     // `run` does not turn this program's event loop: whoever answers, it is not the main thread.
     ProgramResult read;
     for (int attempt = 0; attempt < 200 && read.output.isEmpty(); ++attempt)

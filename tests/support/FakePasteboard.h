@@ -12,6 +12,7 @@ public:
     /// Another program copies: the count moves and `changed` is emitted at once.
     qint64 copyFromOutside(const QList<ClipboardSnapshotItem>& items) {
         m_items = items;
+        m_isOwn = false;
         ++m_changeCount;
         if (m_announces)
             emit changed();
@@ -73,13 +74,11 @@ public:
     qint64 write(const QList<ClipboardSnapshotItem>& items) override {
         if (m_arriving == Arriving::asNewest)
             m_arriving = Arriving::late;
-        ++m_writeCount;
-        m_items = items;
-        ++m_changeCount;
-        if (m_announces)
-            QMetaObject::invokeMethod(
-                this, [this] { emit changed(); }, Qt::QueuedConnection);
-        return m_changeCount;
+        return hold(items);
+    }
+
+    std::optional<qint64> replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) override {
+        return m_isOwn ? std::optional(hold(items)) : std::nullopt;
     }
 
     bool announcesChanges() const override { return m_announces; }
@@ -90,6 +89,17 @@ public:
 
 private:
     enum class Arriving { nothing, asNewest, late };
+
+    qint64 hold(const QList<ClipboardSnapshotItem>& items) {
+        ++m_writeCount;
+        m_isOwn = true;
+        m_items = items;
+        ++m_changeCount;
+        if (m_announces)
+            QMetaObject::invokeMethod(
+                this, [this] { emit changed(); }, Qt::QueuedConnection);
+        return m_changeCount;
+    }
 
     const QByteArray* payload(const QString& type) const {
         for (const ClipboardSnapshotItem& item : m_items)
@@ -105,6 +115,7 @@ private:
     int m_writeCount = 0;
     Arriving m_arriving = Arriving::nothing;
     bool m_announces = true;
+    bool m_isOwn = false; ///< The present content was written here.
 };
 
 } // namespace quorvel

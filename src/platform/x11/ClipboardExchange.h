@@ -23,9 +23,12 @@ struct ClipboardHandover {
 /// What the main thread asks of the clipboard thread.
 struct ClipboardCommand {
     enum class Kind { own, clear, offerAsPrimary, expectReader, readPrimary, stop } kind;
+    enum class Condition { none, whileOurs };
+
     ClipboardSnapshotItem content;
     quint32 window = 0; ///< Of the program that is to be told to paste, or whose selection is read.
     qint64 write = 0;   ///< Number of our own write, counted from 1.
+    Condition condition = Condition::none; ///< Of a write: only while nobody has copied since.
 };
 
 /// The one place that both threads touch. Contents are handed over in the order in which they
@@ -39,10 +42,10 @@ public:
     void post(ClipboardCommand command);
     std::shared_ptr<ClipboardHandover> takeHandover(); ///< Null when none is ready.
     PasteboardActivity activity() const;
+    bool isArriving() const; ///< Something was copied and has not been taken here yet.
     bool isConnectionLost() const;
     QStringList takePrimaryTexts(); ///< An answer for each reading, in order; empty for none.
     int takeFetches(); ///< How many expected readers have got their content since the last call.
-    bool isArriving() const; ///< Something was copied and has not been taken here yet.
 
     /// Whether the display server has carried out every command that was posted.
     bool isSettled() const;
@@ -51,10 +54,10 @@ public:
     std::deque<ClipboardCommand> takeCommands();
     void confirmCommand(); ///< One more of them has been carried out.
 
+    void setTransferring(bool isTransferring);
     void handOver(std::shared_ptr<ClipboardHandover> handover);
     void countSkipped(const QString& reason);
     void countFailed(const QString& reason);
-    void setTransferring(bool isTransferring);
     void countFetch();
     void handOverPrimary(const QString& text);
     void connectionLost();
@@ -69,10 +72,10 @@ private:
     std::deque<ClipboardCommand> m_commands;
     int m_unconfirmed = 0; ///< Commands posted and not yet carried out.
     std::deque<std::shared_ptr<ClipboardHandover>> m_handovers;
+    bool m_isTransferring = false;
     PasteboardActivity m_activity;
     QStringList m_primaryTexts;
     int m_fetches = 0;
-    bool m_isTransferring = false;
     bool m_connectionLost = false;
 };
 

@@ -353,10 +353,18 @@ void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t 
         return expectReader(command.window);
     if (command.kind == Kind::readPrimary)
         return readPrimary(command.window);
+    write(command, time);
+}
+
+/// What we only keep alive for a program that has exited is that program's copy, not ours.
+void ClipboardThread::write(const ClipboardCommand& command, xcb_timestamp_t time) {
+    const bool isOurs = m_server->isOwner() && !m_lastForeign;
+    if (command.condition == ClipboardCommand::Condition::whileOurs && !isOurs)
+        return;
     abandonTransfer(overtakenReason);
     m_lastForeign.reset();
     m_lastWrite = command.write;
-    if (command.kind == Kind::own)
+    if (command.kind == ClipboardCommand::Kind::own)
         m_server->own(command.content, time);
     else
         m_server->giveUp(m_ownClearTime = time);

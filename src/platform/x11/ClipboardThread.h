@@ -46,6 +46,7 @@ private:
     void handleCommands();
     void askForTime();
     void carryOut(const ClipboardCommand& command, xcb_timestamp_t time);
+    void write(const ClipboardCommand& command, xcb_timestamp_t time);
     void expectReader(xcb_window_t window);
     void readPrimary(xcb_window_t window);
     void completePrimaryTransfer();

@@ -12,6 +12,31 @@
 
 namespace quorvel {
 
+namespace {
+
+/// The selection holds one item: further ones add the types that the first one lacks.
+ClipboardSnapshotItem merged(const QList<ClipboardSnapshotItem>& items) {
+    ClipboardSnapshotItem whole;
+    for (const ClipboardSnapshotItem& item : items)
+        for (const PasteboardRepresentation& representation : item.payloadByType) {
+            const bool present =
+                std::any_of(whole.payloadByType.cbegin(), whole.payloadByType.cend(),
+                            [&](const auto& old) { return old.type == representation.type; });
+            if (!present)
+                whole.payloadByType.append(representation);
+        }
+    return whole;
+}
+
+ClipboardCommand writeOf(const QList<ClipboardSnapshotItem>& items) {
+    using Kind = ClipboardCommand::Kind;
+    const ClipboardSnapshotItem content = merged(items);
+    const Kind kind = content.payloadByType.isEmpty() ? Kind::clear : Kind::own;
+    return {.kind = kind, .content = content};
+}
+
+} // namespace
+
 /// The thread and what runs on it.
 class X11Pasteboard::Worker {
 public:
@@ -49,7 +74,7 @@ X11Pasteboard::X11Pasteboard(QObject* parent, TransferLimits limits)
 }
 
 X11Pasteboard::~X11Pasteboard() {
-    m_exchange->post({ClipboardCommand::Kind::stop, {}});
+    m_exchange->post({.kind = ClipboardCommand::Kind::stop});
     m_worker.reset();
     m_exchange.reset();
     ::close(m_wakeFd);
@@ -68,21 +93,28 @@ QList<ClipboardSnapshotItem> X11Pasteboard::items() const {
 }
 
 qint64 X11Pasteboard::write(const QList<ClipboardSnapshotItem>& items) {
-    // The selection holds one item: further ones add the types that the first one lacks.
-    ClipboardSnapshotItem merged;
-    for (const ClipboardSnapshotItem& item : items)
-        for (const PasteboardRepresentation& representation : item.payloadByType) {
-            const bool present =
-                std::any_of(merged.payloadByType.cbegin(), merged.payloadByType.cend(),
-                            [&](const auto& old) { return old.type == representation.type; });
-            if (!present)
-                merged.payloadByType.append(representation);
-        }
-    using Kind = ClipboardCommand::Kind;
-    const Kind kind = merged.payloadByType.isEmpty() ? Kind::clear : Kind::own;
     takeContents();
-    m_exchange->post({.kind = kind, .content = merged, .write = ++m_writes});
-    m_item = merged;
+    ClipboardCommand command = writeOf(items);
+    command.write = ++m_writes;
+    m_exchange->post(command);
+    return hold(command.content);
+}
+
+/// It keeps the number of the write that it replaces: a copy that came after that one is newer.
+std::optional<qint64> X11Pasteboard::replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) {
+    takeContents();
+    if (!m_isOwn)
+        return std::nullopt;
+    ClipboardCommand command = writeOf(items);
+    command.write = m_writes;
+    command.condition = ClipboardCommand::Condition::whileOurs;
+    m_exchange->post(command);
+    return hold(command.content);
+}
+
+qint64 X11Pasteboard::hold(const ClipboardSnapshotItem& item) {
+    m_isOwn = true;
+    m_item = item;
     m_text = plainText(m_item);
     m_imagePng = ownPng(m_item);
     ++m_changeCount;
@@ -95,6 +127,10 @@ PasteboardActivity X11Pasteboard::activity() const {
     return m_exchange->activity();
 }
 
+bool X11Pasteboard::isArriving() const {
+    return m_exchange->isArriving();
+}
+
 void X11Pasteboard::offerAsPrimary() {
     if (m_item.payloadByType.isEmpty())
         return;
@@ -102,12 +138,12 @@ void X11Pasteboard::offerAsPrimary() {
 }
 
 void X11Pasteboard::expectReader(quint32 window) {
-    m_exchange->post({ClipboardCommand::Kind::expectReader, {}, window});
+    m_exchange->post({.kind = ClipboardCommand::Kind::expectReader, .window = window});
 }
 
 void X11Pasteboard::readPrimary(quint32 window, std::function<void(const QString&)> done) {
     m_primaryReaders.push_back(std::move(done));
-    m_exchange->post({ClipboardCommand::Kind::readPrimary, {}, window});
+    m_exchange->post({.kind = ClipboardCommand::Kind::readPrimary, .window = window});
 }
 
 bool X11Pasteboard::isSettled() const {
@@ -129,10 +165,6 @@ void X11Pasteboard::receive() {
     }
 }
 
-bool X11Pasteboard::isArriving() const {
-    return m_exchange->isArriving();
-}
-
 void X11Pasteboard::takeContents() {
     while (const auto handover = m_exchange->takeHandover())
         take(*handover);
@@ -145,6 +177,7 @@ void X11Pasteboard::take(const ClipboardHandover& handover) {
             emit arrivedLate({{handover.item}, handover.text, handover.imagePng});
         return;
     }
+    m_isOwn = false;
     m_item = handover.item;
     m_text = handover.text;
     m_imagePng = handover.imagePng;

@@ -29,10 +29,10 @@ public:
     QString string() const override { return m_text; }
     QByteArray imagePng() const override { return m_imagePng; }
     qint64 write(const QList<ClipboardSnapshotItem>& items) override;
+    std::optional<qint64> replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) override;
     bool announcesChanges() const override { return true; }
     PasteboardActivity activity() const override;
 
-    /// Offers the present content as the primary selection too, for programs whose paste keys
     /// Whether another program has copied something that is not here yet. `changed` follows, even
     /// when it cannot be read.
     bool isArriving() const;
@@ -58,6 +58,7 @@ signals:
     void connectionLost();
 
 private:
+    qint64 hold(const ClipboardSnapshotItem& item);
     void receive();
     void takeContents();
     void take(const struct ClipboardHandover& handover);
@@ -69,6 +70,7 @@ private:
     bool m_connected = false;
     qint64 m_changeCount = 0;
     qint64 m_writes = 0;
+    bool m_isOwn = false; ///< The present content is our own write.
     ClipboardSnapshotItem m_item;
     QString m_text;
     QByteArray m_imagePng;
