@@ -94,7 +94,7 @@ TEST_F(TextToolsTest, aProgramThatIsSlowToGiveItsSelectionIsWaitedFor) {
                                    QStringLiteral("Slow"));
     ASSERT_EQ(control({QStringLiteral("append")}).exitCode, 0);
     EXPECT_TRUE(waitUntil([&] { return clipboard() == "before\nslow"; }))
-        << clipboard().constData();
+        << slow->output().constData();
     EXPECT_EQ(clips().size(), 2) << "the whole, and what was there before";
 }
 

@@ -13,14 +13,14 @@ and prints "pasted TEXT" when it has come.
   --class NAME     RawTarget unless told
   --delay MS       asks so long after the key
   --timeless       asks without a time stamp
-  --selected TEXT  Control+C copies this and prints "copied"
+  --selected TEXT  Control+Insert copies this and prints "copied"
   --giving MS      waits before each answer about what was copied
   --die-on N       ends itself on the Nth key
 )";
 
 namespace {
 
-constexpr xcb_keycode_t copyKey = 54;
+constexpr xcb_keycode_t copyKey = 118;
 constexpr xcb_keycode_t pasteKey = 55;
 constexpr std::uint16_t side = 200;
 
@@ -98,8 +98,10 @@ int Target::millisecondsToNext() const {
 
 void Target::askWhatIsDue() {
     while (!m_questions.empty() && m_questions.front().due <= Clock::now()) {
+        // A property of its own for each answer: several may be on their way.
+        const std::string property = "RAW_PASTED_" + std::to_string(m_asked++);
         xcb_convert_selection(m_display.connection(), m_window, m_display.atom("CLIPBOARD"),
-                              m_display.atom("UTF8_STRING"), m_display.atom("RAW_PASTED"),
+                              m_display.atom("UTF8_STRING"), m_display.atom(property),
                               m_questions.front().time);
         xcb_flush(m_display.connection());
         m_questions.pop_front();

@@ -13,7 +13,7 @@ struct TargetOptions {
     std::string windowClass = "RawTarget";
     std::chrono::milliseconds delay{0};  ///< From the paste keys to the question.
     bool isTimeless = false;             ///< The questions bear no time stamp.
-    std::string selected;                ///< What Control+C copies; empty for nothing.
+    std::string selected;                ///< What Control+Insert copies; empty for nothing.
     std::chrono::milliseconds giving{0}; ///< Before each answer about what it has copied.
     int keysUntilExit = 0;               ///< Ends itself on so many paste keys; 0 for never.
 };
@@ -59,6 +59,7 @@ private:
     std::deque<Question> m_questions;
     std::deque<Answer> m_answers;
     int m_keys = 0;
+    int m_asked = 0;
 };
 
 } // namespace quorvel::raw
