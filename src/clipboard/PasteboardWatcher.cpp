@@ -20,6 +20,8 @@ void PasteboardWatcher::start() {
     if (m_pasteboard.announcesChanges()) {
         m_announcements =
             connect(&m_pasteboard, &Pasteboard::changed, this, &PasteboardWatcher::tick);
+        m_lateArrivals =
+            connect(&m_pasteboard, &Pasteboard::arrivedLate, this, &PasteboardWatcher::captureLate);
         // What was copied since we were made has been announced to nobody.
         m_clipboardTimer = m_mainQueue.after({}, this, [this] { tick(); });
     } else {
@@ -29,6 +31,7 @@ void PasteboardWatcher::start() {
 
 void PasteboardWatcher::stop() {
     disconnect(m_announcements);
+    disconnect(m_lateArrivals);
     m_clipboardTimer.cancel();
     m_afterSuppression.cancel();
 }
@@ -47,12 +50,21 @@ void PasteboardWatcher::tick() {
 
 void PasteboardWatcher::capture() {
     noteChangeCount();
-    ClipboardCapture capture;
-    capture.text = m_pasteboard.string();
-    capture.payloadItems = m_pasteboard.items();
-    capture.imagePNGData = m_pasteboard.imagePng();
-    if (capture.text.isEmpty() && capture.imagePNGData.isEmpty())
+    insert({m_pasteboard.items(), m_pasteboard.string(), m_pasteboard.imagePng()});
+}
+
+void PasteboardWatcher::captureLate(const PasteboardContent& content) {
+    if (m_clock.now() >= m_suppressClipboardCaptureUntil)
+        insert(content);
+}
+
+void PasteboardWatcher::insert(const PasteboardContent& content) {
+    if (content.text.isEmpty() && content.imagePng.isEmpty())
         return;
+    ClipboardCapture capture;
+    capture.text = content.text;
+    capture.payloadItems = content.items;
+    capture.imagePNGData = content.imagePng;
     if (!capture.imagePNGData.isEmpty())
         capture.autoTags.append(ClipboardAutoTag::image);
     capture.autoTags += m_detector.detectAutoTags(capture.text);

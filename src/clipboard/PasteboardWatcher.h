@@ -50,6 +50,9 @@ public:
     static constexpr int mostIgnoredCounts = 12;
 
 private:
+    void captureLate(const PasteboardContent& content);
+    void insert(const PasteboardContent& content);
+
     Pasteboard& m_pasteboard;
     const Workspace& m_workspace;
     const SmartDetector& m_detector;
@@ -62,6 +65,7 @@ private:
     WorkItem m_clipboardTimer;
     WorkItem m_afterSuppression;
     QMetaObject::Connection m_announcements;
+    QMetaObject::Connection m_lateArrivals;
 };
 
 } // namespace quorvel

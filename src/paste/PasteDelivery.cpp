@@ -18,6 +18,10 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, PasteboardWatcher& watcher,
         ++m_counts.fetched;
         mark(&Delivery::isFetched);
     });
+    connect(&m_pasteboard, &Pasteboard::arrivedLate, this, [this](const PasteboardContent& late) {
+        if (m_current && m_current->written != 0) // What our write has taken from the clipboard.
+            m_current->before = late.items;
+    });
 }
 
 void PasteDelivery::deliver(const QList<ClipboardSnapshotItem>& items, Afterwards afterwards,
@@ -104,11 +108,14 @@ void PasteDelivery::advance() {
         finish();
 }
 
-/// Whatever was copied meanwhile is kept instead.
+/// Whatever was copied meanwhile is kept instead, even if it is still arriving.
 void PasteDelivery::restore() {
     m_current->isRestored = true;
-    if (m_pasteboard.changeCount() == m_current->written)
-        write(m_current->before);
+    if (m_pasteboard.changeCount() != m_current->written)
+        return;
+    m_watcher.noteChangeCount();
+    if (const auto count = m_pasteboard.replaceOwnWrite(m_current->before))
+        m_watcher.markOwnWrite(*count);
 }
 
 void PasteDelivery::finish() {

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace quorvel {
 
 /// One form of a copied thing: a type name as the platform spells it, and its bytes.
@@ -26,6 +28,13 @@ struct ClipboardSnapshotItem {
 /// The type under which plain text is written; readers find it under every usual name.
 inline const QString pasteboardTypeString = QStringLiteral("text/plain;charset=utf-8");
 inline const QString pasteboardTypePng = QStringLiteral("image/png");
+
+/// What a pasteboard holds, or has held.
+struct PasteboardContent {
+    QList<ClipboardSnapshotItem> items;
+    QString text;        ///< Empty when there is none.
+    QByteArray imagePng; ///< The same.
+};
 
 /// What has happened on the clipboard since the start, for the status report.
 struct PasteboardActivity {
@@ -55,6 +64,11 @@ public:
     /// Replaces the content (an empty list clears it) and returns the new change count.
     virtual qint64 write(const QList<ClipboardSnapshotItem>& items) = 0;
 
+    /// Puts this in the place of our own last write and returns the new change count. Absent, and
+    /// nothing done, when another program has copied since. A copy of another program that is still
+    /// arriving stays on the clipboard as well; it then follows as a change of its own.
+    virtual std::optional<qint64> replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) = 0;
+
     /// Whether `changed` tells of every change; if not, the count has to be polled.
     virtual bool announcesChanges() const = 0;
 
@@ -65,6 +79,10 @@ signals:
     /// told from the main loop later, never from inside `write`, so that the caller can note the
     /// count first.
     void changed();
+
+    /// Another program's copy that our own write has replaced while it was still arriving: it was
+    /// never the content of this pasteboard, but nothing that was copied is to be lost.
+    void arrivedLate(const quorvel::PasteboardContent& content);
 
     /// The program to which paste keys were sent has fetched the content that was meant for it.
     /// Not told where that cannot be seen.

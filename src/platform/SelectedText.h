@@ -31,7 +31,8 @@ public:
 
     /// Gets the selected text, of the target when one is given. It may have to make the program
     /// copy: the pasteboard may hold something else afterwards, whatever the outcome. `done` is
-    /// called exactly once, at once or from the main loop, within about a second.
+    /// called exactly once, at once or from the main loop, within about a second; later when the
+    /// program has copied by then and is slow to give what it has copied.
     virtual void take(const std::optional<FocusTarget>& target, Done done) = 0;
 
     /// The same for a text that stands just before the caret: selects it first. Nothing is selected

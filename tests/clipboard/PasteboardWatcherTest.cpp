@@ -84,6 +84,23 @@ TEST_P(PasteboardWatcherTest, StoppedIsStopped) {
     EXPECT_TRUE(texts().isEmpty());
 }
 
+TEST(PasteboardWatcher, WhatAWriteOvertookIsRecordedUnlessItCameDuringSuppression) {
+    CoreRig rig;
+    rig.watcher.start();
+    const auto copyOvertaken = [&](const QString& text) {
+        rig.pasteboard.beginCopyFromOutside();
+        rig.watcher.markOwnWrite(rig.pasteboard.write({textItem(QStringLiteral("ours"))}));
+        rig.pasteboard.finishCopyFromOutside(text);
+        rig.mainQueue.settle();
+    };
+    copyOvertaken(QStringLiteral("theirs"));
+    rig.watcher.suppressCapture(1200ms);
+    copyOvertaken(QStringLiteral("part of an answer"));
+    rig.mainQueue.advance(3s);
+    EXPECT_EQ(rig.texts(), QStringList(QStringLiteral("theirs")));
+    EXPECT_EQ(rig.pasteboard.string(), QStringLiteral("ours"));
+}
+
 TEST(PasteboardWatcher, WhatASuppressionFindsIsNeverTaken) {
     CoreRig rig;
     rig.pasteboard.setAnnouncesChanges(false);

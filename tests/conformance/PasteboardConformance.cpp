@@ -141,6 +141,25 @@ TEST_P(PasteboardConformance, ownWriteIsNotTakenForACopyOfAnotherProgram) {
                                  QStringLiteral("ours again"), QStringLiteral("theirs again")}));
 }
 
+TEST_P(PasteboardConformance, onlyOurOwnWriteIsReplacedNotACopyThatIsStillArriving) {
+    const auto isThere = [this](const char* text) {
+        return waitUntil([&] { return pasteboard.string() == QString::fromLatin1(text); });
+    };
+    outside->copy(copiedText("theirs"));
+    ASSERT_TRUE(isThere("theirs"));
+    EXPECT_FALSE(pasteboard.replaceOwnWrite({textItem(QStringLiteral("not ours"))}));
+    const qint64 written = pasteboard.write({textItem(QStringLiteral("ours"))});
+    EXPECT_EQ(pasteboard.replaceOwnWrite({textItem(QStringLiteral("put back"))}), written + 1);
+    EXPECT_TRUE(outsideGets(pasteboardTypeString, "put back"));
+
+    pasteboard.write({textItem(QStringLiteral("ours again"))});
+    ASSERT_TRUE(outsideGets(pasteboardTypeString, "ours again"));
+    outside->copySlowly(QStringLiteral("slow"));
+    pasteboard.replaceOwnWrite({textItem(QStringLiteral("put back again"))});
+    EXPECT_TRUE(isThere("slow"));
+    EXPECT_EQ(outside->paste(pasteboard.items().value(0).payloadByType.value(0).type), "slow");
+}
+
 TEST_P(PasteboardConformance, writingNothingEmptiesIt) {
     const qint64 before = pasteboard.changeCount();
     outside->copy(copiedText("soon gone"));
@@ -180,12 +199,17 @@ TEST_P(PasteboardConformance, secretsAreNotThereAndAreCountedAsSkipped) {
     EXPECT_FALSE(pasteboard.activity().skipped.firstKey().isEmpty());
 }
 
-TEST_P(PasteboardConformance, whatDoesNotArriveIsCountedWithItsReasonAndBlocksNothing) {
+TEST_P(PasteboardConformance, whatDoesNotArriveIsCountedWithItsReasonAndLeavesItEmpty) {
+    outside->copy(copiedText("before it"));
+    ASSERT_TRUE(waitUntil([this] { return pasteboard.string() == QStringLiteral("before it"); }));
     const qint64 before = pasteboard.changeCount();
     outside->copyAndHang();
+    ASSERT_TRUE(countReaches(before + 1));
+    EXPECT_TRUE(pasteboard.items().isEmpty()) << "the earlier content is no longer there";
+    EXPECT_TRUE(pasteboard.string().isEmpty());
     outside->copy(copiedText("after it"));
     ASSERT_TRUE(waitUntil([this] { return pasteboard.string() == QStringLiteral("after it"); }));
-    EXPECT_EQ(pasteboard.changeCount(), before + 1);
+    EXPECT_EQ(pasteboard.changeCount(), before + 2);
     EXPECT_EQ(total(pasteboard.activity().failed), 1);
     EXPECT_FALSE(pasteboard.activity().failed.firstKey().isEmpty());
 }

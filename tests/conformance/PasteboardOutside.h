@@ -16,6 +16,9 @@ public:
     /// Another program copies this, in this order of types.
     virtual void copy(const ClipboardSnapshotItem& item) = 0;
 
+    /// Another program has the clipboard at once and gives what it copied some time later.
+    virtual void copySlowly(const QString& text) = 0;
+
     /// Another program empties the clipboard on purpose.
     virtual void clear() = 0;
 
@@ -33,6 +36,12 @@ class FakePasteboardOutside final : public PasteboardOutside {
 public:
     Pasteboard& pasteboard() override { return m_pasteboard; }
     void copy(const ClipboardSnapshotItem& item) override { m_pasteboard.copyFromOutside({item}); }
+    void copySlowly(const QString& text) override {
+        m_pasteboard.beginCopyFromOutside();
+        QMetaObject::invokeMethod(
+            &m_pasteboard, [this, text] { m_pasteboard.finishCopyFromOutside(text); },
+            Qt::QueuedConnection);
+    }
     void clear() override { m_pasteboard.copyFromOutside(QList<ClipboardSnapshotItem>()); }
     void copySecret(const QByteArray&) override {
         m_pasteboard.copySecretFromOutside(QStringLiteral("secret"));

@@ -76,6 +76,10 @@ void X11PasteboardOutside::copy(const ClipboardSnapshotItem& item) {
     startOwner(arguments);
 }
 
+void X11PasteboardOutside::copySlowly(const QString& text) {
+    startOwner({QStringLiteral("--delay"), QStringLiteral("200"), QStringLiteral("--text"), text});
+}
+
 void X11PasteboardOutside::clear() {
     if (m_owners.empty() || !owner().isRunning())
         startOwner({QStringLiteral("--text"), QStringLiteral("about to be cleared")});

@@ -22,6 +22,7 @@ public:
 
     Pasteboard& pasteboard() override { return *m_pasteboard; }
     void copy(const ClipboardSnapshotItem& item) override;
+    void copySlowly(const QString& text) override;
     void clear() override;
     void copySecret(const QByteArray& text) override;
     void copyAndHang() override;

@@ -132,6 +132,24 @@ TEST_F(PasteTest, aTargetThatHangsGetsItsClipWhenItIsBack) {
     EXPECT_EQ(clipboard(), "kept");
 }
 
+/// Its questions come together then, and tell by nothing which paste they are about.
+TEST_F(PasteTest, twoPastesIntoATargetThatHangsArriveOnceEach) {
+    begin(TrayHost::none);
+    copy({QStringLiteral("second"), QStringLiteral("first"), QStringLiteral("kept")});
+    const auto target = startTarget(QStringLiteral("Hanging"), {QStringLiteral("--timeless")});
+    target->signal(SIGSTOP);
+    ASSERT_TRUE(paste(2, QStringLiteral("--keep")));
+    ASSERT_TRUE(paste(3, QStringLiteral("--keep")));
+    const auto posted = [this] {
+        return status()[QStringLiteral("pastes")].toObject()[QStringLiteral("posted")].toInt();
+    };
+    EXPECT_TRUE(waitUntil([&] { return posted() == 2; }));
+    target->signal(SIGCONT);
+    EXPECT_TRUE(waitUntil([&] { return target->output().count("pasted") == 2; }));
+    EXPECT_EQ(target->output(), "ready\nkey\nkey\npasted first\npasted second\n");
+    EXPECT_TRUE(waitUntil([&] { return clipboard() == "kept"; }));
+}
+
 /// Programs then take the key by its place.
 TEST_F(PasteTest, aLayoutWithoutTheLetterOfThePasteKeysIsNoObstacle) {
     begin(TrayHost::none);

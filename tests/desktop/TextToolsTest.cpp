@@ -84,6 +84,20 @@ TEST_F(TextToolsTest, theSelectionIsAddedToTheNewestClip) {
     EXPECT_EQ(clips().size(), 2);
 }
 
+TEST_F(TextToolsTest, aProgramThatIsSlowToGiveItsSelectionIsWaitedFor) {
+    begin(TrayHost::none);
+    copy({QStringLiteral("before")});
+    const auto slow = startInFront(QStringLiteral(QUORVEL_RAW_TARGET),
+                                   {QStringLiteral("--class"), QStringLiteral("Slow"),
+                                    QStringLiteral("--selected"), QStringLiteral("slow"),
+                                    QStringLiteral("--giving"), QStringLiteral("500")},
+                                   QStringLiteral("Slow"));
+    ASSERT_EQ(control({QStringLiteral("append")}).exitCode, 0);
+    EXPECT_TRUE(waitUntil([&] { return clipboard() == "before\nslow"; }))
+        << slow->output().constData();
+    EXPECT_EQ(clips().size(), 2) << "the whole, and what was there before";
+}
+
 TEST_F(TextToolsTest, aTerminalGivesItsSelectionWithoutBeingInterrupted) {
     begin(TrayHost::none);
     copy({QStringLiteral("before")});

@@ -215,6 +215,29 @@ TEST_F(PasteEngineTest, KeepingTheClipboardPutsItBackUnlessSomethingNewIsThere) 
     }
 }
 
+TEST_F(PasteEngineTest, ACopyThatIsStillArrivingIsKeptInsteadOrComesBack) {
+    const QUuid clip = copied(QStringLiteral("clip"));
+    const struct {
+        std::chrono::milliseconds begin; ///< Of the copy, before or after the paste.
+        const char* text;
+    } cases[]{{-20ms, "copied before the paste"}, {60ms, "copied after the paste"}};
+    for (const auto& [begin, text] : cases) {
+        copied(QStringLiteral("older"));
+        if (begin < 0ms)
+            pasteboard.beginCopyFromOutside();
+        paste(clip, PasteOption::keepClipboard);
+        mainQueue.advance(60ms);
+        if (begin > 0ms) {
+            pasteboard.beginCopyFromOutside();
+            mainQueue.advance(60ms);
+        }
+        pasteboard.finishCopyFromOutside(QString::fromLatin1(text));
+        mainQueue.advance(3s);
+        EXPECT_EQ(pasteboard.string(), QString::fromLatin1(text));
+        EXPECT_EQ(texts().first(), QString::fromLatin1(text));
+    }
+}
+
 TEST_F(PasteEngineTest, WhatWasOnTheClipboardComesBackOnlyAfterTheKeys) {
     const QUuid clip = copied(QStringLiteral("clip"));
     copied(QStringLiteral("before"));

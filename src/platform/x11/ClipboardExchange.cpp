@@ -1,7 +1,5 @@
 #include "platform/x11/ClipboardExchange.h"
 
-#include <algorithm>
-
 namespace quorvel {
 
 ClipboardExchange::ClipboardExchange(std::function<void()> wakeMain,
@@ -27,31 +25,14 @@ std::shared_ptr<ClipboardHandover> ClipboardExchange::takeHandover() {
     return handover;
 }
 
-std::deque<std::shared_ptr<ClipboardHandover>>
-ClipboardExchange::takeHandoversAndPost(ClipboardCommand command) {
-    std::deque<std::shared_ptr<ClipboardHandover>> ready;
-    {
-        const std::lock_guard lock(m_mutex);
-        ready = takeReady();
-        m_commands.push_back(std::move(command));
-        ++m_unconfirmed;
-    }
-    m_wakeThread();
-    return ready;
-}
-
-std::deque<std::shared_ptr<ClipboardHandover>> ClipboardExchange::takeReady() {
-    std::deque<std::shared_ptr<ClipboardHandover>> ready;
-    while (!m_handovers.empty() && m_handovers.front()->ready) {
-        ready.push_back(std::move(m_handovers.front()));
-        m_handovers.pop_front();
-    }
-    return ready;
-}
-
 PasteboardActivity ClipboardExchange::activity() const {
     const std::lock_guard lock(m_mutex);
     return m_activity;
+}
+
+bool ClipboardExchange::isArriving() const {
+    const std::lock_guard lock(m_mutex);
+    return m_isTransferring || !m_handovers.empty();
 }
 
 bool ClipboardExchange::isConnectionLost() const {
@@ -92,22 +73,19 @@ std::deque<ClipboardCommand> ClipboardExchange::takeCommands() {
     return std::exchange(m_commands, {});
 }
 
-bool ClipboardExchange::handOver(std::shared_ptr<ClipboardHandover> handover) {
+void ClipboardExchange::setTransferring(bool isTransferring) {
+    const std::lock_guard lock(m_mutex);
+    m_isTransferring = isTransferring;
+}
+
+void ClipboardExchange::handOver(std::shared_ptr<ClipboardHandover> handover) {
     {
         const std::lock_guard lock(m_mutex);
-        const bool overtaken =
-            std::any_of(m_commands.begin(), m_commands.end(), [](const ClipboardCommand& command) {
-                return command.kind == ClipboardCommand::Kind::own ||
-                       command.kind == ClipboardCommand::Kind::clear;
-            });
-        if (overtaken)
-            return false;
         if (!handover->wasThereAtStart && !handover->item.payloadByType.isEmpty())
             ++m_activity.taken;
         m_handovers.push_back(std::move(handover));
     }
     m_wakeMain();
-    return true;
 }
 
 void ClipboardExchange::countSkipped(const QString& reason) {

@@ -100,6 +100,7 @@ void ClipboardThread::run() {
         handleEvents(); // replies may have brought events along
         if (xcb_connection_has_error(m_connection.get()))
             return m_exchange.connectionLost();
+        m_exchange.setTransferring(m_transfer && !m_transferFromStart);
         if (!m_stopping)
             waitForSomething();
     }
@@ -141,7 +142,7 @@ void ClipboardThread::expireWhatIsDue() {
     if (!m_transfer || Clock::now() < m_transfer->deadline())
         return;
     m_transfer->expire();
-    completeTransfer();
+    completeTransfer(IfUnreadable::isEmpty);
 }
 
 void ClipboardThread::handleEvents() {
@@ -176,7 +177,7 @@ void ClipboardThread::handleEvent(const xcb_generic_event_t& event) {
         break;
     }
     if (m_transfer && m_transfer->isFinished())
-        completeTransfer();
+        completeTransfer(IfUnreadable::isEmpty);
     if (m_primaryTransfer && m_primaryTransfer->isFinished())
         completePrimaryTransfer();
 }
@@ -224,7 +225,7 @@ void ClipboardThread::handleOwnerChange(const xcb_generic_event_t& generic) {
         return keepAlive(event.timestamp);
     // Emptied on purpose, as programs for secrets do: it must stay empty.
     m_lastForeign.reset();
-    handOver({}, false);
+    handOver({.afterWrite = m_lastWrite});
 }
 
 /// The owner of what was copied has exited: without us its content would be gone.
@@ -232,11 +233,12 @@ void ClipboardThread::keepAlive(xcb_timestamp_t time) {
     if (m_lastForeign && isUsable(*m_lastForeign))
         m_server->own(*m_lastForeign, time);
     else
-        handOver({}, false);
+        handOver({.afterWrite = m_lastWrite});
 }
 
 void ClipboardThread::startTransfer(xcb_timestamp_t time, bool wasThereAtStart) {
     m_transferFromStart = wasThereAtStart;
+    m_transferAfterWrite = m_lastWrite;
     m_transfer = std::make_unique<SelectionTransfer>(m_connection.get(), *m_atoms, m_root,
                                                      m_clipboard, time, m_limits);
 }
@@ -245,38 +247,36 @@ void ClipboardThread::abandonTransfer(const QString& reason) {
     if (!m_transfer)
         return;
     m_transfer->cutShort(reason);
-    completeTransfer();
+    completeTransfer(IfUnreadable::passOver);
 }
 
-void ClipboardThread::completeTransfer() {
+/// What cannot be read is on the clipboard all the same, and what was there before is not.
+void ClipboardThread::completeTransfer(IfUnreadable ifUnreadable) {
     TransferResult result = m_transfer->takeResult();
     m_transfer.reset();
+    ClipboardHandover content{.afterWrite = m_transferAfterWrite,
+                              .wasThereAtStart = m_transferFromStart};
     if (result.secret) {
         m_exchange.countSkipped(secretReason);
-        return handOver({}, m_transferFromStart);
+        return handOver(std::move(content));
     }
     if (!result.problem.isEmpty())
         m_exchange.countFailed(result.problem);
     m_lastForeign = result.item;
-    if (isUsable(result.item))
-        handOver(std::move(result.item), m_transferFromStart);
+    content.item = std::move(result.item);
+    if (isUsable(content.item) || ifUnreadable == IfUnreadable::isEmpty)
+        handOver(std::move(content));
     if (result.droppedBytes > largeContent)
         malloc_trim(0);
 }
 
-void ClipboardThread::handOver(ClipboardSnapshotItem item, bool wasThereAtStart) {
-    auto handover = std::make_shared<ClipboardHandover>();
-    handover->text = plainText(item);
-    handover->imagePng = ownPng(item);
-    handover->wasThereAtStart = wasThereAtStart;
-    const auto image = handover->imagePng.isEmpty() ? convertibleImage(item) : std::nullopt;
-    handover->item = std::move(item);
-    handover->ready = !image;
-    if (!m_exchange.handOver(handover)) {
-        if (!wasThereAtStart)
-            m_exchange.countSkipped(overtakenReason);
-        return;
-    }
+void ClipboardThread::handOver(ClipboardHandover content) {
+    content.text = plainText(content.item);
+    content.imagePng = ownPng(content.item);
+    const auto image = content.imagePng.isEmpty() ? convertibleImage(content.item) : std::nullopt;
+    content.ready = !image;
+    const auto handover = std::make_shared<ClipboardHandover>(std::move(content));
+    m_exchange.handOver(handover);
     if (image)
         m_imageConversion.post([this, handover, image = *image] {
             m_exchange.markReady(handover, convertedToPng(image));
@@ -353,9 +353,18 @@ void ClipboardThread::carryOut(const ClipboardCommand& command, xcb_timestamp_t 
         return expectReader(command.window);
     if (command.kind == Kind::readPrimary)
         return readPrimary(command.window);
+    write(command, time);
+}
+
+/// What we only keep alive for a program that has exited is that program's copy, not ours.
+void ClipboardThread::write(const ClipboardCommand& command, xcb_timestamp_t time) {
+    const bool isOurs = m_server->isOwner() && !m_lastForeign;
+    if (command.condition == ClipboardCommand::Condition::whileOurs && !isOurs)
+        return;
     abandonTransfer(overtakenReason);
     m_lastForeign.reset();
-    if (command.kind == Kind::own)
+    m_lastWrite = command.write;
+    if (command.kind == ClipboardCommand::Kind::own)
         m_server->own(command.content, time);
     else
         m_server->giveUp(m_ownClearTime = time);

@@ -30,6 +30,10 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// What stands for a content of which nothing came: an empty one, or nothing when there is
+    /// a newer one already.
+    enum class IfUnreadable { isEmpty, passOver };
+
     bool setUp();
     void createWindow();
     void fetchContentFromBeforeStart();
@@ -42,14 +46,15 @@ private:
     void handleCommands();
     void askForTime();
     void carryOut(const ClipboardCommand& command, xcb_timestamp_t time);
+    void write(const ClipboardCommand& command, xcb_timestamp_t time);
     void expectReader(xcb_window_t window);
     void readPrimary(xcb_window_t window);
     void completePrimaryTransfer();
     void confirmCommand();
     void startTransfer(xcb_timestamp_t time, bool wasThereAtStart);
     void abandonTransfer(const QString& reason);
-    void completeTransfer();
-    void handOver(ClipboardSnapshotItem item, bool wasThereAtStart);
+    void completeTransfer(IfUnreadable ifUnreadable);
+    void handOver(ClipboardHandover content);
     void keepAlive(xcb_timestamp_t time);
     void waitForSomething();
     void expireWhatIsDue();
@@ -70,6 +75,8 @@ private:
     std::unique_ptr<SelectionTransfer> m_transfer;
     std::unique_ptr<SelectionTransfer> m_primaryTransfer;
     bool m_transferFromStart = false;
+    qint64 m_transferAfterWrite = 0;
+    qint64 m_lastWrite = 0; ///< Number of the last write of our own that was carried out.
     std::optional<ClipboardSnapshotItem> m_lastForeign; ///< Offered again when its owner exits.
     std::deque<ClipboardCommand> m_awaitingTime;
     xcb_timestamp_t m_ownClearTime = XCB_CURRENT_TIME;

@@ -1,6 +1,7 @@
 #include "platform/x11/SelectionServer.h"
 
 #include "platform/desktop/ClipboardText.h"
+#include "platform/x11/UserInput.h"
 #include "platform/x11/XcbReply.h"
 
 #include <algorithm>
@@ -30,18 +31,19 @@ SelectionServer::SelectionServer(xcb_connection_t* connection, AtomTable& atoms,
     : m_connection(connection)
     , m_atoms(atoms)
     , m_window(window)
-    , m_selection(selection) {}
+    , m_selection(selection)
+    , m_readers({&Clock::now, [connection] { return timeSinceUserInput(connection); }}) {}
 
 void SelectionServer::own(const ClipboardSnapshotItem& content, xcb_timestamp_t time) {
     m_offers.append({withTextAliases(content), time});
     trimOffers();
-    if (m_readers.isEmpty())
+    if (!m_readers.isAnyoneExpected())
         announce();
 }
 
 void SelectionServer::giveUp(xcb_timestamp_t time) {
     m_offers.append({{}, time});
-    if (m_readers.isEmpty())
+    if (!m_readers.isAnyoneExpected())
         announce();
 }
 
@@ -70,7 +72,7 @@ void SelectionServer::expectReader(xcb_window_t window, std::function<void()> fe
 
 void SelectionServer::endReaders() {
     m_readers.endDue();
-    if (m_readers.isEmpty())
+    if (!m_readers.isAnyoneExpected())
         announce();
 }
 
@@ -129,11 +131,12 @@ void SelectionServer::handle(const xcb_selection_request_event_t& event) {
 
 bool SelectionServer::answer(const xcb_selection_request_event_t& event, xcb_atom_t property) {
     const quint32 client = clientOf(m_connection, event.requestor);
-    const auto since = m_readers.offeredTo(client, event.time);
+    const SelectionReaders::Question question{event.target, isContent(event.target), event.time};
+    const auto since = m_readers.offeredTo(client, question);
     const Offer& offer = since ? offerSince(*since) : offerAt(event.time);
     const bool done = convert(offer, event.requestor, event.target, property);
-    if (done && since && isContent(event.target))
-        m_readers.served(client, *since);
+    if (done && since)
+        m_readers.answered(client, *since, question);
     return done;
 }
 

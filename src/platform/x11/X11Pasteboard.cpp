@@ -12,6 +12,31 @@
 
 namespace quorvel {
 
+namespace {
+
+/// The selection holds one item: further ones add the types that the first one lacks.
+ClipboardSnapshotItem merged(const QList<ClipboardSnapshotItem>& items) {
+    ClipboardSnapshotItem whole;
+    for (const ClipboardSnapshotItem& item : items)
+        for (const PasteboardRepresentation& representation : item.payloadByType) {
+            const bool present =
+                std::any_of(whole.payloadByType.cbegin(), whole.payloadByType.cend(),
+                            [&](const auto& old) { return old.type == representation.type; });
+            if (!present)
+                whole.payloadByType.append(representation);
+        }
+    return whole;
+}
+
+ClipboardCommand writeOf(const QList<ClipboardSnapshotItem>& items) {
+    using Kind = ClipboardCommand::Kind;
+    const ClipboardSnapshotItem content = merged(items);
+    const Kind kind = content.payloadByType.isEmpty() ? Kind::clear : Kind::own;
+    return {.kind = kind, .content = content};
+}
+
+} // namespace
+
 /// The thread and what runs on it.
 class X11Pasteboard::Worker {
 public:
@@ -49,7 +74,7 @@ X11Pasteboard::X11Pasteboard(QObject* parent, TransferLimits limits)
 }
 
 X11Pasteboard::~X11Pasteboard() {
-    m_exchange->post({ClipboardCommand::Kind::stop, {}});
+    m_exchange->post({.kind = ClipboardCommand::Kind::stop});
     m_worker.reset();
     m_exchange.reset();
     ::close(m_wakeFd);
@@ -68,21 +93,28 @@ QList<ClipboardSnapshotItem> X11Pasteboard::items() const {
 }
 
 qint64 X11Pasteboard::write(const QList<ClipboardSnapshotItem>& items) {
-    // The selection holds one item: further ones add the types that the first one lacks.
-    ClipboardSnapshotItem merged;
-    for (const ClipboardSnapshotItem& item : items)
-        for (const PasteboardRepresentation& representation : item.payloadByType) {
-            const bool present =
-                std::any_of(merged.payloadByType.cbegin(), merged.payloadByType.cend(),
-                            [&](const auto& old) { return old.type == representation.type; });
-            if (!present)
-                merged.payloadByType.append(representation);
-        }
-    using Kind = ClipboardCommand::Kind;
-    const Kind kind = merged.payloadByType.isEmpty() ? Kind::clear : Kind::own;
-    for (const auto& earlier : m_exchange->takeHandoversAndPost({kind, merged}))
-        take(*earlier);
-    m_item = merged;
+    takeContents();
+    ClipboardCommand command = writeOf(items);
+    command.write = ++m_writes;
+    m_exchange->post(command);
+    return hold(command.content);
+}
+
+/// It keeps the number of the write that it replaces: a copy that came after that one is newer.
+std::optional<qint64> X11Pasteboard::replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) {
+    takeContents();
+    if (!m_isOwn)
+        return std::nullopt;
+    ClipboardCommand command = writeOf(items);
+    command.write = m_writes;
+    command.condition = ClipboardCommand::Condition::whileOurs;
+    m_exchange->post(command);
+    return hold(command.content);
+}
+
+qint64 X11Pasteboard::hold(const ClipboardSnapshotItem& item) {
+    m_isOwn = true;
+    m_item = item;
     m_text = plainText(m_item);
     m_imagePng = ownPng(m_item);
     ++m_changeCount;
@@ -95,17 +127,23 @@ PasteboardActivity X11Pasteboard::activity() const {
     return m_exchange->activity();
 }
 
+bool X11Pasteboard::isArriving() const {
+    return m_exchange->isArriving();
+}
+
 void X11Pasteboard::offerAsPrimary() {
-    m_exchange->post({ClipboardCommand::Kind::offerAsPrimary, m_item});
+    if (m_item.payloadByType.isEmpty())
+        return;
+    m_exchange->post({.kind = ClipboardCommand::Kind::offerAsPrimary, .content = m_item});
 }
 
 void X11Pasteboard::expectReader(quint32 window) {
-    m_exchange->post({ClipboardCommand::Kind::expectReader, {}, window});
+    m_exchange->post({.kind = ClipboardCommand::Kind::expectReader, .window = window});
 }
 
 void X11Pasteboard::readPrimary(quint32 window, std::function<void(const QString&)> done) {
     m_primaryReaders.push_back(std::move(done));
-    m_exchange->post({ClipboardCommand::Kind::readPrimary, {}, window});
+    m_exchange->post({.kind = ClipboardCommand::Kind::readPrimary, .window = window});
 }
 
 bool X11Pasteboard::isSettled() const {
@@ -113,8 +151,7 @@ bool X11Pasteboard::isSettled() const {
 }
 
 void X11Pasteboard::receive() {
-    while (const auto handover = m_exchange->takeHandover())
-        take(*handover);
+    takeContents();
     for (int fetches = m_exchange->takeFetches(); fetches > 0; --fetches)
         emit fetched();
     for (const QString& text : m_exchange->takePrimaryTexts()) {
@@ -128,7 +165,19 @@ void X11Pasteboard::receive() {
     }
 }
 
+void X11Pasteboard::takeContents() {
+    while (const auto handover = m_exchange->takeHandover())
+        take(*handover);
+}
+
+/// What was copied before our newest write is no longer what the clipboard holds.
 void X11Pasteboard::take(const ClipboardHandover& handover) {
+    if (handover.afterWrite < m_writes) {
+        if (!handover.wasThereAtStart && !handover.item.payloadByType.isEmpty())
+            emit arrivedLate({{handover.item}, handover.text, handover.imagePng});
+        return;
+    }
+    m_isOwn = false;
     m_item = handover.item;
     m_text = handover.text;
     m_imagePng = handover.imagePng;

@@ -29,11 +29,16 @@ public:
     QString string() const override { return m_text; }
     QByteArray imagePng() const override { return m_imagePng; }
     qint64 write(const QList<ClipboardSnapshotItem>& items) override;
+    std::optional<qint64> replaceOwnWrite(const QList<ClipboardSnapshotItem>& items) override;
     bool announcesChanges() const override { return true; }
     PasteboardActivity activity() const override;
 
+    /// Whether another program has copied something that is not here yet. `changed` follows, even
+    /// when it cannot be read.
+    bool isArriving() const;
+
     /// Offers the present content as the primary selection too, for programs whose paste keys
-    /// take that one.
+    /// take that one. With nothing here that selection stays what it is.
     void offerAsPrimary();
 
     /// The program of this window is about to be told to paste: it gets what is here now, however
@@ -53,7 +58,9 @@ signals:
     void connectionLost();
 
 private:
+    qint64 hold(const ClipboardSnapshotItem& item);
     void receive();
+    void takeContents();
     void take(const struct ClipboardHandover& handover);
     void wakeThread() const;
 
@@ -62,6 +69,8 @@ private:
     int m_wakeFd;
     bool m_connected = false;
     qint64 m_changeCount = 0;
+    qint64 m_writes = 0;
+    bool m_isOwn = false; ///< The present content is our own write.
     ClipboardSnapshotItem m_item;
     QString m_text;
     QByteArray m_imagePng;

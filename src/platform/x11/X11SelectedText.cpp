@@ -61,9 +61,9 @@ void X11SelectedText::readPrimary(xcb_window_t focus, const Done& done) {
 }
 
 void X11SelectedText::pressCopyKeys(const std::optional<FocusTarget>& target, const Done& done) {
-    m_keys.postCopy(target, [this, done](PostOutcome outcome) {
+    m_keys.postCopy(target, [this, done, count = m_pasteboard.changeCount()](PostOutcome outcome) {
         if (outcome == PostOutcome::posted)
-            return awaitCopy(done);
+            return awaitCopy(count, done);
         done({outcomeOf(outcome), {}});
     });
 }
@@ -74,14 +74,20 @@ struct X11SelectedText::Waiting {
     QMetaObject::Connection change;
 };
 
-void X11SelectedText::awaitCopy(const Done& done) {
+void X11SelectedText::awaitCopy(qint64 countBefore, const Done& done) {
+    if (m_pasteboard.changeCount() != countBefore)
+        return done(resultOf(m_pasteboard.string()));
     const auto waiting = std::make_shared<Waiting>();
     const auto finish = [waiting, done](const QString& text) {
         waiting->timeout.cancel();
         QObject::disconnect(waiting->change);
         done(resultOf(text));
     };
-    waiting->timeout = m_queue.after(patience, &m_receiver, [finish] { finish({}); });
+    waiting->timeout = m_queue.after(patience, &m_receiver, [this, waiting, finish] {
+        if (!m_pasteboard.isArriving())
+            return finish({});
+        waiting->timeout = m_queue.after(arrivalPatience, &m_receiver, [finish] { finish({}); });
+    });
     waiting->change = QObject::connect(&m_pasteboard, &Pasteboard::changed, &m_receiver,
                                        [this, finish] { finish(m_pasteboard.string()); });
 }

@@ -24,12 +24,15 @@ public:
     /// How long a program may take to copy.
     static constexpr std::chrono::milliseconds patience{700};
 
+    /// How long what it has copied may take to arrive: longer than any transfer.
+    static constexpr std::chrono::milliseconds arrivalPatience{20000};
+
 private:
     struct Waiting;
 
     void readPrimary(xcb_window_t focus, const Done& done);
     void pressCopyKeys(const std::optional<FocusTarget>& target, const Done& done);
-    void awaitCopy(const Done& done);
+    void awaitCopy(qint64 countBefore, const Done& done);
 
     X11Pasteboard& m_pasteboard;
     X11KeyPoster& m_keys;

@@ -135,7 +135,8 @@ void Owner::handle(const xcb_generic_event_t& event) {
     case XCB_SELECTION_REQUEST: {
         const auto request = as<xcb_selection_request_event_t>(event);
         say("request " + m_display.name(request.target) + ' ' + std::to_string(request.time));
-        if (m_options.answering == Answering::nothing)
+        if (m_options.answering == Answering::nothing ||
+            m_display.name(request.target) == m_options.withheld)
             return;
         if (m_options.delay.count() > 0)
             after(m_options.delay, [this, request] { answer(request); });

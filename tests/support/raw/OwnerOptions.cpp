@@ -15,6 +15,7 @@ Owns a selection and answers requests for it by hand, well or badly.
   --secret           adds the hint that this is a secret
   --targets-only     answers TARGETS, nothing else
   --silent           never answers
+  --withhold TYPE    lists this one with the others and never gives it
   --delay MS         waits before each answer
   --incr BYTES       sends everything in pieces of this size
   --stall-after N    stops once it has sent N bytes in pieces
@@ -73,6 +74,7 @@ const OptionTable<OwnerOptions>& table() {
                  [](auto& o, const auto& v) {
                      o.offers.push_back({"UTF8_STRING", v});
                  }},
+                {"--withhold", [](auto& o, const auto& v) { o.withheld = v; }},
                 {"--delay", [](auto& o, const auto& v) { o.delay = Milliseconds(number(v)); }},
                 {"--incr", [](auto& o, const auto& v) { o.incremental = number(v); }},
                 {"--stall-after", [](auto& o, const auto& v) { o.stallAfter = number(v); }},

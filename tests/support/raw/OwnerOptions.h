@@ -24,6 +24,7 @@ struct OwnerOptions {
     std::string selection = "CLIPBOARD";
     std::vector<OfferedType> offers; ///< In the order in which they are listed to requestors.
     Answering answering = Answering::everything;
+    std::string withheld;                   ///< The one type that is listed and never given.
     Milliseconds delay{0};                  ///< Before each answer.
     std::optional<std::size_t> incremental; ///< Everything in pieces of this many bytes.
     std::optional<std::size_t> stallAfter;  ///< No further piece once this many bytes are sent.
