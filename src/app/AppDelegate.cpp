@@ -1,7 +1,5 @@
 #include "app/AppDelegate.h"
 
-#include "app/AppendNotice.h"
-
 #include "app/ControlCommands.h"
 #include "control/ControlClient.h"
 #include "foundation/DataFolder.h"
@@ -9,6 +7,8 @@
 
 #include <QFileInfo>
 #include <QRandomGenerator>
+
+#include <functional>
 
 namespace quorvel {
 
@@ -22,6 +22,7 @@ constexpr std::chrono::milliseconds menuWarmUpDelay{300};
 AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     : m_environment(std::move(environment))
     , m_adapters(adapters)
+    , m_messages(m_adapters.desktop, m_adapters.statusItem, m_environment.strings)
     , m_instanceLock(m_environment.paths.instanceLock)
     , m_preferenceStore(m_environment.paths.preferencesFile, m_environment.clock,
                         m_environment.disk)
@@ -74,6 +75,7 @@ AppDelegate::AppDelegate(Environment environment, const Adapters& adapters)
     wireTextTools();
     wireStores();
     wireControl();
+    wireMessages();
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -209,14 +211,12 @@ void AppDelegate::wireMenuCommands() {
     connect(&m_menuCommands, &MenuCommands::openGeneralSettingsChosen, this,
             &AppDelegate::openGeneralSettings);
     connect(&m_menuCommands, &MenuCommands::quitChosen, this, &AppDelegate::quitRequested);
-    connect(&m_menuCommands, &MenuCommands::snippetRefused, this, &AppDelegate::refuseSnippet);
 }
 
 void AppDelegate::wireStores() {
     connect(&m_historyStore, &HistoryStore::saveProblemChanged, this,
             &AppDelegate::reportSaveProblem);
     connect(&m_store, &SnippetStore::saveProblemChanged, this, &AppDelegate::reportSaveProblem);
-    connect(&m_store, &SnippetStore::creationNotSaved, this, &AppDelegate::reportUnsavedCreation);
 }
 
 void AppDelegate::wireTextTools() {
@@ -229,16 +229,6 @@ void AppDelegate::wireTextTools() {
     // Reading the layouts would hold up the start.
     m_environment.mainQueue.after(std::chrono::milliseconds(300), this,
                                   [this] { followKeyboardLayouts(); });
-    connect(&m_appendCopy, &AppendCopy::finished, this, &AppDelegate::reportAppend);
-    connect(&m_layoutRetyping, &LayoutRetyping::noSelection, this, [this](auto outcome) {
-        m_adapters.desktop.showNotice(appendNotice({outcome, {}, {}}, m_environment.strings));
-    });
-    connect(&m_layoutRetyping, &LayoutRetyping::impossible, this, [this] {
-        const StringTable& strings = m_environment.strings;
-        m_adapters.desktop.showNotice(
-            {QStringLiteral("keyboard"), strings.text(QStringLiteral("layouts.nothingToRetype")),
-             strings.text(QStringLiteral("layouts.nothingToRetype.advice"))});
-    });
 }
 
 /// With a single layout there is nothing to retype, and the keys stay with the programs.
@@ -251,17 +241,21 @@ void AppDelegate::followKeyboardLayouts() {
 
 void AppDelegate::wirePaste() {
     connect(&m_pasteEngine, &PasteEngine::editRequested, this, &AppDelegate::edit);
-    connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, &AppDelegate::reportPost);
-    connect(&m_hotKeyCommands, &HotKeyCommands::keysPosted, this, &AppDelegate::reportPost);
-    connect(&m_pasteDelivery, &PasteDelivery::permissionMissing, this, [this] {
-        const StringTable& strings = m_environment.strings;
-        const QStringList sentences{
-            strings.text(QStringLiteral("error.pastePermission.messagePrefix")),
-            strings.text(QStringLiteral("error.pastePermission.needsAccessibility")),
-            strings.text(QStringLiteral("error.pastePermission.messageSuffix"))};
-        m_adapters.desktop.showMessage(strings.text(QStringLiteral("error.pastePermission.title")),
-                                       sentences.join(u' '));
-    });
+}
+
+void AppDelegate::wireMessages() {
+    const auto tell = [this](auto message) { return std::bind_front(message, &m_messages); };
+    connect(&m_appendCopy, &AppendCopy::finished, this, tell(&UserMessages::appended));
+    connect(&m_layoutRetyping, &LayoutRetyping::noSelection, this, tell(&UserMessages::notRetyped));
+    connect(&m_layoutRetyping, &LayoutRetyping::impossible, this,
+            tell(&UserMessages::nothingToRetype));
+    connect(&m_pasteDelivery, &PasteDelivery::keysPosted, this, tell(&UserMessages::posted));
+    connect(&m_hotKeyCommands, &HotKeyCommands::keysPosted, this, tell(&UserMessages::posted));
+    connect(&m_pasteDelivery, &PasteDelivery::permissionMissing, this,
+            tell(&UserMessages::pastePermissionMissing));
+    connect(&m_menuCommands, &MenuCommands::snippetRefused, this,
+            tell(&UserMessages::snippetRefused));
+    connect(&m_store, &SnippetStore::creationNotSaved, this, tell(&UserMessages::creationNotSaved));
 }
 
 void AppDelegate::wireControl() {
@@ -300,22 +294,6 @@ void AppDelegate::edit(const EditRequest& request) {
         });
 }
 
-void AppDelegate::reportAppend(const AppendResult& result) {
-    m_adapters.desktop.showNotice(appendNotice(result, m_environment.strings));
-}
-
-void AppDelegate::reportPost(PostOutcome outcome) {
-    if (outcome == PostOutcome::posted)
-        return;
-    logLine(QStringLiteral("[Quorvel Paste] no keys sent: %1")
-                .arg(outcome == PostOutcome::focusElsewhere
-                         ? QStringLiteral("the target lost the focus")
-                         : QStringLiteral("keys cannot be posted")));
-    const StringTable& strings = m_environment.strings;
-    m_adapters.statusItem.notify(strings.text(QStringLiteral("paste.notDelivered.title")),
-                                 strings.text(QStringLiteral("paste.notDelivered.message")));
-}
-
 void AppDelegate::setClosingKey() {
     for (const HotKeyState& state : m_hotKeys.states())
         if (state.id == HotKeyId::openMenu && state.result == HotKeyState::Result::bound)
@@ -326,27 +304,6 @@ void AppDelegate::setClosingKey() {
 void AppDelegate::reportSaveProblem() {
     m_menu.setSaveProblem(m_historyStore.saveProblem().isEmpty() ? m_store.saveProblem()
                                                                  : m_historyStore.saveProblem());
-}
-
-void AppDelegate::refuseSnippet(SnippetProblem problem) {
-    const StringTable& strings = m_environment.strings;
-    m_adapters.desktop.showMessage(
-        strings.text(QStringLiteral("error.createSnippet.refused")),
-        strings.text(problem == SnippetProblem::noSuchGroup
-                         ? QStringLiteral("error.createSnippet.noSuchGroup")
-                         : QStringLiteral("error.createSnippet.blank")));
-}
-
-void AppDelegate::reportUnsavedCreation(SnippetCreation creation, const QString& reason) {
-    const StringTable& strings = m_environment.strings;
-    if (creation == SnippetCreation::group)
-        m_adapters.desktop.showMessage(
-            strings.text(QStringLiteral("error.createGroup.title")),
-            strings.format(QStringLiteral("error.createGroup.message"), reason));
-    else
-        m_adapters.desktop.showMessage(
-            strings.text(QStringLiteral("error.createSnippet.title")),
-            strings.format(QStringLiteral("error.createSnippet.message"), reason));
 }
 
 } // namespace quorvel

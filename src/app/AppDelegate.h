@@ -4,6 +4,7 @@
 #include "app/HotKeyCommands.h"
 #include "app/LaunchStep.h"
 #include "app/MenuCommands.h"
+#include "app/UserMessages.h"
 #include "clipboard/HistoryStore.h"
 #include "clipboard/SmartFolderClipboard.h"
 #include "control/ControlServer.h"
@@ -75,17 +76,15 @@ private:
     void followKeyboardLayouts();
     void wireStores();
     void wireControl();
+    void wireMessages();
     void openGeneralSettings();
     void edit(const EditRequest& request);
-    void reportPost(PostOutcome outcome);
-    void reportAppend(const AppendResult& result);
     void reportSaveProblem();
-    void refuseSnippet(SnippetProblem problem);
-    void reportUnsavedCreation(SnippetCreation creation, const QString& reason);
     void setClosingKey();
 
     Environment m_environment;
     Adapters m_adapters;
+    UserMessages m_messages;
     InstanceLock m_instanceLock;
     PreferenceStore m_preferenceStore;
     Preferences m_preferences;
