@@ -33,6 +33,9 @@ public:
     bool announcesChanges() const override { return true; }
     PasteboardActivity activity() const override;
 
+    /// Whether the present content was written here, not copied by another program.
+    bool holdsOwnWrite() const { return m_isOwn; }
+
     /// Whether another program has copied something that is not here yet. `changed` follows, even
     /// when it cannot be read.
     bool isArriving() const;

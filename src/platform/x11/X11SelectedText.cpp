@@ -75,21 +75,23 @@ struct X11SelectedText::Waiting {
 };
 
 void X11SelectedText::awaitCopy(qint64 countBefore, const Done& done) {
-    if (m_pasteboard.changeCount() != countBefore)
+    if (m_pasteboard.changeCount() != countBefore && !m_pasteboard.holdsOwnWrite())
         return done(resultOf(m_pasteboard.string()));
     const auto waiting = std::make_shared<Waiting>();
     const auto finish = [waiting, done](const QString& text) {
-        waiting->timeout.cancel();
+        std::exchange(waiting->timeout, {}).cancel(); // It holds this function, and so itself.
         QObject::disconnect(waiting->change);
         done(resultOf(text));
     };
-    waiting->timeout = m_queue.after(patience, &m_receiver, [this, waiting, finish] {
+    // What has been copied by then arrives or is given up: transfers have limits of their own.
+    waiting->timeout = m_queue.every(patience, &m_receiver, [this, finish] {
         if (!m_pasteboard.isArriving())
-            return finish({});
-        waiting->timeout = m_queue.after(arrivalPatience, &m_receiver, [finish] { finish({}); });
+            finish({});
     });
-    waiting->change = QObject::connect(&m_pasteboard, &Pasteboard::changed, &m_receiver,
-                                       [this, finish] { finish(m_pasteboard.string()); });
+    waiting->change = QObject::connect(&m_pasteboard, &Pasteboard::changed, &m_receiver, [=, this] {
+        if (!m_pasteboard.holdsOwnWrite()) // Put back after an earlier paste, perhaps.
+            finish(m_pasteboard.string());
+    });
 }
 
 } // namespace quorvel

@@ -24,9 +24,6 @@ public:
     /// How long a program may take to copy.
     static constexpr std::chrono::milliseconds patience{700};
 
-    /// How long what it has copied may take to arrive: longer than any transfer.
-    static constexpr std::chrono::milliseconds arrivalPatience{20000};
-
 private:
     struct Waiting;
 
