@@ -236,7 +236,7 @@ void AppDelegate::followKeyboardLayouts() {
     HotKeyCommands::Handler handler;
     if (m_adapters.keyboardLayouts.maps().size() > 1)
         handler = [this] { m_layoutRetyping.retype(); };
-    m_hotKeyCommands.setHandler(HotKeyId::cycleKeyboardLayout, std::move(handler));
+    m_hotKeyCommands.setHandler(HotKeyId::cycleKeyboardLayout, handler);
 }
 
 void AppDelegate::wirePaste() {

@@ -38,10 +38,10 @@ HotKeyCommands::HotKeyCommands(const Parts& parts)
     setHandler(HotKeyId::pastePlainText, [this] { pastePlainText(); });
 }
 
-void HotKeyCommands::setHandler(HotKeyId id, Handler handler) {
+void HotKeyCommands::setHandler(HotKeyId id, const Handler& handler) {
     using Handling = GlobalHotKeys::Handling;
     const Handling handling = handler ? Handling::handled : Handling::none;
-    m_handlers.insert(id, std::move(handler));
+    m_handlers.insert(id, handler);
     m_parts.hotKeys.setHandling(id, handling);
 }
 

@@ -31,7 +31,7 @@ public:
 
     /// Answers a configurable hot key from now on; an empty handler gives its keys back to the
     /// user.
-    void setHandler(HotKeyId id, Handler handler);
+    void setHandler(HotKeyId id, const Handler& handler);
 
 signals:
     /// What came of keys that were passed on; a paste tells by its engine.

@@ -25,8 +25,9 @@ public:
     /// The program that the last selection was asked of.
     const std::optional<FocusTarget>& source() const { return m_source; }
 
-    /// From the question on, what is copied belongs to the answer.
-    static constexpr std::chrono::milliseconds suppression{2000};
+    /// From the question on, what is copied belongs to the answer, which may come late from a
+    /// program that is slow to give what it has copied.
+    static constexpr std::chrono::seconds suppression{20};
 
 private:
     using Ask = std::function<void(const SelectedText::Done& done)>;
