@@ -108,6 +108,26 @@ TEST_F(ShortcutRecorderTest, whatCannotBeChosenIsSaidAndAnotherTryIsFree) {
     EXPECT_EQ(recorder().message(), QString());
 }
 
+TEST_F(ShortcutRecorderTest, whatIsSaidIsNeverCut) {
+    QLabel* said = nullptr;
+    for (QLabel* label : recorder().findChildren<QLabel*>())
+        if (label->wordWrap())
+            said = label;
+    ASSERT_NE(said, nullptr);
+    const auto isWhole = [said] {
+        return said->isVisible() && said->height() >= said->heightForWidth(said->width());
+    };
+    for (const int width : {400, 330, 600}) {
+        SCOPED_TRACE(width);
+        form->resize(width, form->height());
+        press(Qt::Key_Return);
+        EXPECT_TRUE(waitUntil(isWhole)) << said->height();
+        press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_TRUE(waitUntil(isWhole)) << said->height();
+        press(Qt::Key_Escape);
+    }
+}
+
 TEST_F(ShortcutRecorderTest, escapeTabAndLosingTheFocusChangeNothing) {
     QSignalSpy ended(&recorder(), &ShortcutRecorder::recordingEnded);
     const std::function<void()> ways[]{

@@ -1,7 +1,7 @@
 #include "ui/recorder/MessageLine.h"
 
-#include <QBoxLayout>
 #include <QEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -19,11 +19,8 @@ MessageLine::MessageLine(const QIcon& warning)
     m_text.setWordWrap(true);
     m_text.setTextFormat(Qt::PlainText);
     m_text.setAlignment(Qt::AlignTop | Qt::AlignLeading);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(gap);
-    row->addWidget(&m_mark, 0, Qt::AlignTop);
-    row->addWidget(&m_text, 1);
+    m_mark.setParent(this);
+    m_text.setParent(this);
     showMark();
     hide();
 }
@@ -34,19 +31,23 @@ void MessageLine::say(const QString& message, Tone tone) {
                                                  : QPalette::WindowText);
     m_mark.setVisible(tone == Tone::warning);
     setVisible(!message.isEmpty());
-    fitHeight();
+    layOut();
 }
 
 void MessageLine::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    fitHeight();
+    layOut();
 }
 
-/// A window does not ask its layout how high it has to be for its width.
-void MessageLine::fitHeight() {
+/// By hand: a window does not ask its layout how high it has to be for its width.
+void MessageLine::layOut() {
     const int beside = m_mark.isHidden() ? 0 : markSize + gap;
-    const int height = m_text.heightForWidth(std::max(1, width() - beside));
-    setMinimumHeight(m_text.text().isEmpty() ? 0 : std::max(markSize, height));
+    const int textWidth = std::max(1, width() - beside);
+    const int height = std::max(markSize, m_text.heightForWidth(textWidth));
+    m_mark.setGeometry(QStyle::visualRect(layoutDirection(), rect(), {0, 0, markSize, markSize}));
+    m_text.setGeometry(
+        QStyle::visualRect(layoutDirection(), rect(), {beside, 0, textWidth, height}));
+    setMinimumHeight(m_text.text().isEmpty() ? 0 : height);
 }
 
 /// A picture in a label does not follow the palette by itself.

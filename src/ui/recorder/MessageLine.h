@@ -24,7 +24,7 @@ protected:
 
 private:
     void showMark();
-    void fitHeight();
+    void layOut();
 
     const QIcon m_warning;
     QLabel m_mark;
