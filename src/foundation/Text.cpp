@@ -71,18 +71,15 @@ bool reordersText(QChar c) {
 }
 
 /// A character may bear any number of marks, which would be drawn over everything above it.
-QString withFewMarks(const QString& line) {
+QString withFewMarks(QString line) {
     constexpr int mostMarks = 4;
-    if (areSimple(line))
-        return line;
-    QString result;
+    constexpr QChar firstMark(0x300);
     int marks = 0;
-    for (const QChar c : line) {
-        marks = c.isMark() ? marks + 1 : 0;
-        if (marks <= mostMarks)
-            result += c;
-    }
-    return result;
+    line.removeIf([&marks](QChar c) {
+        marks = c >= firstMark && c.isMark() ? marks + 1 : 0;
+        return marks > mostMarks;
+    });
+    return line;
 }
 
 } // namespace
