@@ -71,14 +71,15 @@ void X11KeyPoster::start(Job job) {
 }
 
 void X11KeyPoster::advance(const JobHandle& job) {
-    const auto now = Steady::now();
+    const bool isLate = Steady::now() >= job->focusEnd;
     const auto focus = rightFocus(*job);
-    if (!isTrusted() || (focus && !prepare(*job, *focus)))
+    const auto isImpossible = [&] {
+        return !prepare(*job, *focus) || (isLate && !m_clipboard.isSettled());
+    };
+    if (!isTrusted() || (focus && isImpossible()))
         finish(job, PostOutcome::unavailable);
-    else if (!focus && now >= job->focusEnd)
+    else if (!focus && isLate)
         finish(job, PostOutcome::focusElsewhere);
-    else if (!m_clipboard.isSettled() && now >= job->focusEnd)
-        finish(job, PostOutcome::unavailable);
     else if (focus && isReady(*job) && post(*job, *focus))
         finish(job, PostOutcome::posted);
     else

@@ -16,13 +16,12 @@ qsizetype argumentEnd(QStringView text, qsizetype at, qsizetype limit) {
     for (; at < limit; ++at) {
         const QChar unit = text[at];
         const bool isQuote = unit == u'"' || unit == u'\'';
+        const bool isSeparator = hasBit(unit, blankBit) || endsCommand(unit);
         if (isQuote && quote.isNull())
             quote = unit;
         else if (isQuote && unit == quote)
             quote = QChar();
-        else if (quote.isNull() && (hasBit(unit, blankBit) || endsCommand(unit)))
-            break;
-        else if (hasBit(unit, lineEndBit))
+        else if ((quote.isNull() && isSeparator) || hasBit(unit, lineEndBit))
             break;
     }
     return at;

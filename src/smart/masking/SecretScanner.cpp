@@ -92,9 +92,8 @@ void SecretScanner::readWord(qsizetype start, qsizetype end) {
     const QChar first = m_text[start];
     if (hasBit(first, digitBit) && end - start >= leastCardLength)
         readDigits(start, end);
-    if (mayBeginServiceToken(m_text, start))
-        readToken(start);
-    else if (first == u'e' && unitAt(m_text, start + 1) == u'y')
+    const bool mayBeginWebToken = first == u'e' && unitAt(m_text, start + 1) == u'y';
+    if (mayBeginWebToken || mayBeginServiceToken(m_text, start))
         readToken(start);
     if (m_next > end)
         return;
