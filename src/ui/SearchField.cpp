@@ -147,7 +147,7 @@ void SearchRow::setLeastWidth(int width) {
 
 /// Without what a widget action does when it changes: its widget stays enabled.
 bool SearchRow::event(QEvent* event) {
-    return QAction::event(event);
+    return QAction::event(event); // NOLINT(bugprone-parent-virtual-call): on purpose, as said
 }
 
 void prepareTextCursor(QWindow* window) {

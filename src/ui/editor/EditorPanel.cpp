@@ -58,7 +58,7 @@ void EditorPanel::setUpText(const EditBeforePasteState& state) {
     m_text.setAccessibleName(text("menu.pasteWithEdit.title"));
     m_text.setTabChangesFocus(true);
     m_text.setTabStopDistance(blanksPerTab * m_text.fontMetrics().horizontalAdvance(u' '));
-    m_text.document()->setDocumentMargin(gap / 2);
+    m_text.document()->setDocumentMargin(gap / 2.0);
     m_loader.emplace(m_text, m_editorText.shown());
     connect(&m_text, &QPlainTextEdit::textChanged, this,
             [this] { m_counts.noteChange(m_text.document()->characterCount()); });
