@@ -73,10 +73,10 @@ bool reordersText(QChar c) {
 /// A character may bear any number of marks, which would be drawn over everything above it.
 QString withFewMarks(QString line) {
     constexpr int mostMarks = 4;
-    constexpr QChar firstMark(0x300);
+    constexpr char16_t firstMark = 0x300;
     int marks = 0;
     line.removeIf([&marks](QChar c) {
-        marks = c >= firstMark && c.isMark() ? marks + 1 : 0;
+        marks = c.unicode() >= firstMark && c.isMark() ? marks + 1 : 0;
         return marks > mostMarks;
     });
     return line;
