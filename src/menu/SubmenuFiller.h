@@ -20,9 +20,8 @@ public:
 
     SubmenuFiller(MainQueue& mainQueue, const MenuTimings& timings, Build build);
 
-    /// A submenu is about to be shown.
-    /// One that was shown before in this opening gets all its items at once: a rebuilt menu must
-    /// not lose its place.
+    /// A submenu is about to be shown. One that was shown before in this opening gets all its
+    /// items at once: a rebuilt menu must not lose its place.
     void fill(const QString& identifier);
 
     /// Fills the first empty submenus of the tree a while later, unless the menu closes.

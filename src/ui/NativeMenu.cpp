@@ -18,7 +18,10 @@ NativeMenu::NativeMenu(const Icons& icons, const StringTable& strings, Pasteboar
         QToolTip::hideText();
         hidden();
     });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, &m_menu, &MenuWidget::forgetScreen);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] {
+        end("screen gone"); // Its own or another: it cannot forget that one while it is shown.
+        m_menu.forgetScreen();
+    });
     connect(&m_menu, &MenuWidget::painted, this, &NativeMenu::painted);
     connect(&m_menu, &MenuWidget::searchChanged, this, &NativeMenu::searchChanged);
     connect(&m_thumbnails, &Thumbnails::decoded, &m_menu, &MenuWidget::refreshPictures);
